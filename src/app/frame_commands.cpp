@@ -32,8 +32,8 @@ void closeResultsAndInput(Desk& desk) {
     desk.closeViews(Desk::resultViews() + Desk::inputViews());
 }
 
-/// The commands of a session that a project has restored. A project whose substance is missing
-/// leaves its database open: the user goes on from there.
+/// The commands of a session that a project has restored. Where its substance could not be read
+/// the user goes on from its database.
 void enableRestoredSession(Session& session, const session::ProjectResult& project) {
     const auto now = session.change();
     session::set_commands(session,
@@ -48,10 +48,10 @@ void enableRestoredSession(Session& session, const session::ProjectResult& proje
 
 void loadProject(Desk& desk, const std::string& file) {
     Session& session = desk.session();
-    if (!session::may_load_project(session, file)) return;
+    const auto prepared = session::prepare_project(session, file);
+    if (!prepared || !session::may_leave_substance(session)) return;
     closeResultsAndInput(desk);
-    const session::ProjectResult project = session::load_project(session, file);
-    if (!project.loaded) return;
+    const session::ProjectResult project = session::load_project(session, *prepared);
     enableRestoredSession(session, project);
     if (project.models_complete && file != session->last_session_file)
         gui::settings::rememberFile(QString::fromStdString(file));
@@ -72,14 +72,15 @@ void chooseModels(Desk& desk) {
     desk.openModal(view);
 }
 
-void chooseSubstance(Desk& desk) {
+void chooseSubstance(Desk& desk, const std::string& name = {}) {
     gui::SubstanceDialog view(desk, desk.frameWindow());
+    if (!name.empty()) view.search(QString::fromStdString(name));
     if (desk.openModal(view) != QDialog::Accepted) return;
     closeResultsAndInput(desk);
     chooseModels(desk);
 }
 
-void open_database(Desk& desk) {
+void open_database(Desk& desk, const std::string& name = {}) {
     Session& session = desk.session();
     closeResultsAndInput(desk);
     if (session::load_database(session) != session::LoadOutcome::Loaded) return;
@@ -99,7 +100,7 @@ void open_database(Desk& desk) {
             session, {Command::chooseSubstance, Command::substanceData, Command::measuredDataInput},
             true);
     }
-    chooseSubstance(desk);
+    chooseSubstance(desk, name);
 }
 
 void showAbout() {
@@ -139,6 +140,11 @@ void chooseProject(Desk& desk) {
 
 void add(Desk& desk, Commands& commands) {
     Session& session = desk.session();
+    desk.doors.chooseSubstance = [&desk](const std::string& name) {
+        desk.session()->database.is_open() ? chooseSubstance(desk, name)
+                                           : open_database(desk, name);
+        desk.refresh();
+    };
     commands.add("mnuData_OpenBank", [&desk] { open_database(desk); });
     commands.add("mnuData_Status", [&session] { show(session::status_report(session)); });
     commands.add("mnuData_LoadLastSession", [&desk] { loadLastSession(desk); });

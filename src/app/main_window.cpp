@@ -32,6 +32,7 @@
 #include "session/commands.h"
 #include "session/end_session.h"
 #include "session/session_status.h"
+#include "session/substance_session.h"
 
 namespace quor::app {
 
@@ -263,6 +264,8 @@ void MainWindow::followUndo() {
 // ---------------------------------------------------------------------------- children and closing
 
 void MainWindow::addChild(QWidget* view) {
+    // The panel stands above all views and would cover this one.
+    firstSteps_->hide();
     area_->openView(view);
 }
 
@@ -292,7 +295,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     // A view with something unsaved may refuse, and then everything stays.
-    if (!area_->closeAllViews()) {
+    if (!session::may_leave_substance(session_) || !area_->closeAllViews()) {
         event->ignore();
         return;
     }

@@ -35,7 +35,8 @@ bool prepare_new_data(session::Session& session) {
         dialogs::tell("First choose substance!", "friendly remark");
         return false;
     }
-    if (!session->measured.points.empty() &&
+    if (session->measured_unsaved && !session::may_leave_measured_data(session)) return false;
+    if (!session->measured_unsaved && !session->measured.points.empty() &&
         !dialogs::ask("Exspecting input of new data;\nthe existing set of data will be deleted.\n"
                       "Do you want this?",
                       "WARNING", dialogs::Icon::Exclamation))
@@ -54,6 +55,15 @@ bool prepare_project_save(session::Session& session) {
     return true;
 }
 
+/// A fit that the menu opens begins without measured data.
+bool prepare_fitting(session::Session& session) {
+    if (!session::may_leave_measured_data(session)) return false;
+    const auto now = session.change();
+    now->measured.points.clear();
+    now->measured_unsaved = false;
+    return true;
+}
+
 }  // namespace
 
 bool prepare(session::Session& session, const Row& row) {
@@ -61,7 +71,7 @@ bool prepare(session::Session& session, const Row& row) {
     if (row.action == "Diagram3D") return prepare_surface(session, row);
     if (row.control == "mnuData_BatchInput") return prepare_new_data(session);
     if (row.control == "mnuData_SaveProject") return prepare_project_save(session);
-    if (row.control == "mnuFitting") session.change()->measured.points.clear();
+    if (row.control == "mnuFitting") return prepare_fitting(session);
     return true;
 }
 

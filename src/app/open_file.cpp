@@ -9,7 +9,6 @@
 #include "gui/data/xy_editor.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/widgets/settings.h"
-#include "session/commands.h"
 #include "session/measured_data_session.h"
 
 namespace quor::app {
@@ -54,10 +53,9 @@ void openProject(const Place& place, const std::string& file) {
 }
 
 void openData(const Place& place, const std::string& file) {
-    // An open table asks about its changes first, and may stay.
-    place.desk.closeViews({"frmTpvEdit"});
-    if (place.desk.findView("frmTpvEdit") == nullptr &&
-        session::load_measured_data(place.desk.session(), file, false))
+    session::Session& session = place.desk.session();
+    if (session::may_leave_measured_data(session) &&
+        session::load_measured_data(session, file, false))
         place.commands.run("mnuData_BatchEdit");
 }
 
@@ -68,13 +66,7 @@ void openPoints(const Place& place, const std::string& file) {
 }
 
 void openDiagram(const Place& place, const std::string& file) {
-    if (!session::is_enabled(place.desk.session(), session::Command::diagrams)) {
-        dialogs::tell("Load a substance!", "WARNING");
-        return;
-    }
-    gui::diagram_views::openEmpty(place.desk);
-    const OneAnswer answer(file);
-    place.desk.lastUsed<gui::DiagramWindow>()->load();
+    gui::diagram_views::openSaved(place.desk, file);
 }
 
 struct Kind {

@@ -163,6 +163,7 @@ void swap_axes(Chart2D& chart) {
     // The turn of a title belongs to the side of the sheet, not to the quantity.
     std::swap(chart.x.title_rotation, chart.y.title_rotation);
     for (Label& label : chart.labels) std::swap(label.x, label.y);
+    chart.swapped = !chart.swapped;
 }
 
 std::optional<Window> data_extent(const Chart2D& chart) {
@@ -288,6 +289,7 @@ void clear_series(Chart2D& chart, Group group, int series) {
     target.x.clear();
     target.y.clear();
     target.legend.clear();
+    target.label = {};
     target.is_reference = false;
     std::erase_if(chart.labels, [&](const Label& label) {
         return label.on_point && label.group == group && label.series == series;

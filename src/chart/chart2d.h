@@ -19,6 +19,14 @@ inline bool is_shown(float value) {
     return std::isfinite(value) && std::abs(value) < kHole;
 }
 
+/// The label beside a curve.
+struct CurveLabel {
+    std::string text;
+    bool shown = true;
+    double shift = -1;  ///< 0..1 along the visible part; below 0 where it hides least
+    friend bool operator==(const CurveLabel&, const CurveLabel&) = default;
+};
+
 /// A curve or a set of points. x and y have the same length.
 struct Series {
     std::string legend;     ///< text in the legend; an empty one has no line there
@@ -30,6 +38,7 @@ struct Series {
     SymbolShape symbol = SymbolShape::Hidden;
     float symbol_size = 7;  ///< pixels of 1/96 inch
     Colour symbol_colour = kInk;
+    CurveLabel label{};  ///< of a curve; `Chart2D::labels` holds it as it is placed
     friend bool operator==(const Series&, const Series&) = default;
 };
 
@@ -132,6 +141,7 @@ struct Chart2D {
     std::vector<Label> labels;
     PlotArea plot_area;
     PrintPlace print;
+    bool swapped = false;  ///< x and y stand in each other's place: `swap_axes` was called
     Chart2D();
     friend bool operator==(const Chart2D&, const Chart2D&) = default;
 };

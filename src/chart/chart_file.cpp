@@ -8,6 +8,13 @@ namespace quor::chart {
 namespace files {
 
 template <class Io>
+void describe(Io& io, CurveLabel& l) {
+    io.field("text", l.text);
+    io.field("shown", l.shown);
+    io.field("shift", l.shift, -1, 1);
+}
+
+template <class Io>
 void describe(Io& io, Series& s) {
     io.field("legend", s.legend);
     io.field("inLegend", s.in_legend);
@@ -19,6 +26,7 @@ void describe(Io& io, Series& s) {
     io.field("symbol", s.symbol);
     io.field("symbolSize", s.symbol_size, 0, 200);
     io.field("symbolColour", s.symbol_colour);
+    io.field("label", s.label);
 }
 
 template <class Io>
@@ -103,6 +111,7 @@ void describe(Io& io, Chart2D& c) {
     io.field("labels", c.labels);
     io.field("plotArea", c.plot_area);
     io.field("print", c.print);
+    io.field("swapped", c.swapped);
 }
 
 template <class Io>

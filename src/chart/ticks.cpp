@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 #include "common/numbers.h"
@@ -12,6 +12,7 @@ namespace quor::chart {
 
 namespace {
 
+constexpr std::size_t kFewestNumbers = 3;
 constexpr int kMaxTicks = 200;
 constexpr std::size_t kMaxMultiples = 2000;
 constexpr int kMaxDecimals = 15;
@@ -35,10 +36,11 @@ int decimals_of(double step) {
 }
 
 std::string printed(double value, int decimals, char conversion) {
-    const char* format = conversion == 'e' ? "%.*e" : "%.*f";
+    const auto form = conversion == 'e' ? std::chars_format::scientific : std::chars_format::fixed;
     std::array<char, 400> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), format, decimals, value);
-    return buffer.data();
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, form, decimals).ptr;
+    return {buffer.data(), end};
 }
 
 /// "1.500e+06" becomes "1.5e6"; digits given by the user stay.
@@ -140,6 +142,14 @@ Ticks make_linear(const TickRequest& r) {
     while (!scale.fits(ticks) && step < r.max - r.min) {
         step = next_step(step);
         ticks = linear_ticks(r, step);
+    }
+    // A number or two tell no scale, so they may stand closer than is comfortable.
+    for (int tries = 0; tries < 3 && ticks.size() < kFewestNumbers; ++tries) {
+        const double finer = nice_step(step / 2.5);
+        std::vector<Tick> closer = linear_ticks(r, finer);
+        if (!scale.fits(closer)) break;
+        ticks = std::move(closer);
+        step = finer;
     }
     thin_numbers(ticks, step, scale);
     return {std::move(ticks), linear_minor(r, step)};

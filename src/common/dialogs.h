@@ -39,8 +39,9 @@ struct FileChoice {
 
 struct PrintJob {
     std::string title{};
-    std::string font{};  ///< fixed-pitch family asked for
-    std::string text{};  ///< whole text, lines separated by '\n'
+    std::string font{};     ///< fixed-pitch family asked for
+    std::string text{};     ///< whole text, lines separated by '\n'
+    std::string drawing{};  ///< SVG, printed above the text; empty for none
 };
 
 /// The functions that stand between the system and its user. No answer (nullopt) is a cancel.

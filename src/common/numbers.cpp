@@ -3,7 +3,7 @@
 #include <atomic>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <cstdlib>
 #include <limits>
 
 #include "common/faults.h"
@@ -14,6 +14,10 @@ namespace {
 
 /// One a process, as the locale is; read by every thread that writes a number.
 std::atomic<char> mark = '.';
+
+bool is_blank(char c) {
+    return c == ' ' || c == '\t';
+}
 
 bool is_placeholder(char c) {
     return c == '0' || c == '#';
@@ -150,9 +154,9 @@ std::string format_section(double magnitude, const Mask& m, char point) {
         d.integer = m.integer_places == 0 ? "0" : digits.substr(0, split);
         d.fraction = digits.substr(split);
     }
-    char exponent_text[16];
-    std::snprintf(exponent_text, sizeof exponent_text, "%0*d", m.exponent_digits,
-                  std::abs(exponent));
+    std::string exponent_text = std::to_string(std::abs(exponent));
+    while (static_cast<int>(exponent_text.size()) < m.exponent_digits)
+        exponent_text.insert(0, 1, '0');
     std::string sign = exponent < 0 ? "-" : (m.exponent_plus ? "+" : "");
     return m.before + assemble(m, d, point) + "E" + sign + exponent_text + m.after;
 }
@@ -171,61 +175,102 @@ std::string format_with(double value, std::string_view mask, char point) {
 std::string general(double value, int digits, char point) {
     if (value == 0.0) return "0";
     char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%.*G", digits, value);
-    std::string s(buffer);
-    if (point != '.') {
-        const std::size_t dot = s.find('.');
-        if (dot != std::string::npos) s[dot] = point;
+    const auto written =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits);
+    std::string s(buffer, written.ptr);
+    for (char& c : s) {
+        if (c == '.') c = point;
+        if (c == 'e') c = 'E';
     }
     return s;
 }
 
-double leading_number(std::string_view s, bool comma) {
-    std::string number;
-    bool digits = false, point = false;
-    std::size_t i = 0;
-    const auto next = [&] {
-        while (i < s.size() && (s[i] == ' ' || s[i] == '\t')) ++i;
-        return i < s.size() ? s[i] : '\0';
-    };
-    if (next() == '+' || s.substr(i, 1) == "-") number += s[i] == '-' ? "-" : "", ++i;
-    for (char c = next(); c != '\0'; c = next()) {
-        if (c >= '0' && c <= '9') {
-            digits = true;
-            number += c;
-        } else if ((c == '.' || (comma && c == ',')) && !point) {
-            point = true;
-            number += '.';
-        } else {
-            break;
-        }
-        ++i;
+/// Takes a number from the head of a text, as `std::from_chars` reads it.
+class NumberReader {
+  public:
+    /// `comma`: a comma counts as a point. `blanks`: those within the number do not count.
+    NumberReader(std::string_view text, bool comma, bool blanks)
+        : text_(text), comma_(comma), blanks_(blanks) {}
+
+    /// The number in plain form; empty for none.
+    std::string take() {
+        std::string number = sign();
+        const std::string whole = digits(blanks_);
+        std::string fraction;
+        const bool point = accept('.') || (comma_ && accept(','));
+        if (point) fraction = digits(blanks_);
+        if (whole.empty() && fraction.empty()) return {};
+        number += whole;
+        if (point) number += "." + fraction;
+        return number + exponent();
     }
-    if (!digits) return 0.0;
-    const char c = next();
-    if (c == 'E' || c == 'e' || c == 'D' || c == 'd') {
-        std::string exponent = "e";
-        ++i;
-        if (next() == '+' || (i < s.size() && s[i] == '-')) {
-            if (s[i] == '-') exponent += '-';
-            ++i;
-        }
-        bool any = false;
-        for (; i < s.size() && s[i] >= '0' && s[i] <= '9'; ++i) {
-            exponent += s[i];
-            any = true;
-        }
-        if (any) number += exponent;
+
+    bool at_end() const { return at_ == text_.size(); }
+
+  private:
+    bool accept(char wanted) {
+        skip_blanks();
+        if (at_end() || text_[at_] != wanted) return false;
+        ++at_;
+        return true;
     }
+    void skip_blanks() {
+        while (blanks_ && !at_end() && is_blank(text_[at_])) ++at_;
+    }
+    std::string sign() {
+        if (accept('-')) return "-";
+        accept('+');
+        return {};
+    }
+    std::string digits(bool across_blanks) {
+        std::string found;
+        for (;; ++at_) {
+            if (across_blanks) skip_blanks();
+            if (at_end() || text_[at_] < '0' || text_[at_] > '9') return found;
+            found += text_[at_];
+        }
+    }
+    /// "e-3", or nothing, with nothing taken, where there are no digits behind the letter.
+    std::string exponent() {
+        const std::size_t start = at_;
+        if (accept('E') || accept('e') || accept('D') || accept('d')) {
+            const std::string before = sign();
+            const std::string power = digits(false);
+            if (!power.empty()) return "e" + before + power;
+        }
+        at_ = start;
+        return {};
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+    bool comma_, blanks_;
+};
+
+/// The value of a number as `NumberReader` gives it; nothing beyond the range of a double, 0 for
+/// what is too small for one.
+std::optional<double> value_of(const std::string& number) {
     double value = 0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        // Too large is a fault of the one who uses it; too small is nothing.
-        return number.find("e-") != std::string::npos ? 0.0
-               : number.front() == '-'                ? -std::numeric_limits<double>::max()
-                                                      : std::numeric_limits<double>::max();
-    }
-    return value;
+    if (result.ec != std::errc::result_out_of_range) return value;
+    return number.find("e-") != std::string::npos ? std::optional(0.0) : std::nullopt;
+}
+
+double leading_number(std::string_view s, bool comma) {
+    const std::string number = NumberReader(s, comma, true).take();
+    if (number.empty()) return 0.0;
+    // Too large is a fault of the one who uses it.
+    constexpr double largest = std::numeric_limits<double>::max();
+    return value_of(number).value_or(number.front() == '-' ? -largest : largest);
+}
+
+std::optional<double> whole_text(std::string_view s, bool comma) {
+    while (!s.empty() && is_blank(s.front())) s.remove_prefix(1);
+    while (!s.empty() && is_blank(s.back())) s.remove_suffix(1);
+    NumberReader reader(s, comma, false);
+    const std::string number = reader.take();
+    if (number.empty() || !reader.at_end()) return std::nullopt;
+    return value_of(number);
 }
 
 }  // namespace
@@ -250,6 +295,9 @@ std::string general(float value) {
 std::string general(double value) {
     return general(value, 15, mark);
 }
+std::string general(double value, int digits) {
+    return general(value, digits, mark);
+}
 std::string general_point(float value) {
     return general(static_cast<double>(value), 7, '.');
 }
@@ -262,6 +310,12 @@ double val(std::string_view s) {
 }
 double val_input(std::string_view s) {
     return leading_number(s, true);
+}
+std::optional<double> number(std::string_view s) {
+    return whole_text(s, false);
+}
+std::optional<double> typed_number(std::string_view s) {
+    return whole_text(s, true);
 }
 
 double round_half_even(double value) {

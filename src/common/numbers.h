@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
-/// Numbers as text and the exact rounding rules, in one place.
+/// Numbers as text and the exact rounding rules, in one place. Nothing here looks at the locale of
+/// the process, which the windows set to that of the user.
 namespace quor::numbers {
 
 /// The locale's decimal mark, '.' or ','; injected by the program at its start and by tests. It
@@ -24,6 +26,8 @@ std::string format_point(double value, std::string_view mask);
 std::string general(float value);
 /// General format with 15 significant digits (64-bit values), locale's decimal mark.
 std::string general(double value);
+/// The same with `digits` significant digits at most, 1 to 17.
+std::string general(double value, int digits);
 /// General formats with a point whatever the locale.
 std::string general_point(float value);
 std::string general_point(double value);
@@ -32,6 +36,12 @@ std::string general_point(double value);
 double val(std::string_view text);
 /// As `val`, but a comma counts as a point: for what a user types.
 double val_input(std::string_view text);
+
+/// The value of a text that is one finite number from end to end, blanks round it aside, point as
+/// decimal mark; nothing for any other text, such as "12 K", "3 000" or "1,234.5".
+std::optional<double> number(std::string_view text);
+/// As `number`, with a point or a comma as the decimal mark: for what a user types or pastes.
+std::optional<double> typed_number(std::string_view text);
 
 /// Nearest whole number, a tie to the even one.
 double round_half_even(double value);

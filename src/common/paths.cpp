@@ -39,6 +39,13 @@ std::string target_path(const std::string& name, const std::string& folder,
     return in_folder(bare ? name + std::string(extension) : name, folder);
 }
 
+std::string as_title(std::string text) {
+    constexpr std::string_view kForbidden = "/\\:*?\"<>|";
+    for (char& c : text)
+        if (kForbidden.find(c) != std::string_view::npos) c = '_';
+    return text;
+}
+
 std::string shorten_path(const std::string& path, int most) {
     const int length = static_cast<int>(path.size());
     if (length <= most) return path;

@@ -21,6 +21,8 @@ std::string in_folder(const std::string& name, const std::string& folder);
 /// without a "." gets `extension` (".BAQ").
 std::string target_path(const std::string& name, const std::string& folder,
                         std::string_view extension);
+/// A text as the title of a file: what no file system takes there becomes "_".
+std::string as_title(std::string text);
 /// A path shortened for display to about `most` characters: its first three, "...", its end.
 std::string shorten_path(const std::string& path, int most);
 

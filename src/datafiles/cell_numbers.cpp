@@ -12,11 +12,6 @@ namespace quor::datafiles {
 
 namespace {
 
-/// `numbers::val` gives the largest double where a number is too large for one.
-double or_zero(double value) {
-    return std::fabs(value) < std::numeric_limits<double>::max() ? value : 0.0;
-}
-
 template <class Real>
 std::string shortest(Real value) {
     if (!std::isfinite(value)) return "0";
@@ -29,16 +24,9 @@ std::string shortest(Real value) {
 }  // namespace
 
 double cell_number(std::string_view cell) {
-    return or_zero(numbers::val(cell));
-}
-double cell_number_input(std::string_view cell) {
-    return or_zero(numbers::val_input(cell));
-}
-float cell_single(std::string_view cell) {
-    return single_or_zero(cell_number(cell));
-}
-float cell_single_input(std::string_view cell) {
-    return single_or_zero(cell_number_input(cell));
+    const double value = numbers::val(cell);
+    // `numbers::val` gives the largest double where a number is too large for one.
+    return std::fabs(value) < std::numeric_limits<double>::max() ? value : 0.0;
 }
 
 float single_or_zero(double value) {
@@ -46,14 +34,10 @@ float single_or_zero(double value) {
     return std::fabs(value) <= largest ? static_cast<float>(value) : 0.0F;
 }
 
-std::optional<double> parse_number(std::string_view cell) {
-    const std::string trimmed = text::trim(cell);
-    const char* first = trimmed.data() + (trimmed.starts_with('+') ? 1 : 0);
-    const char* last = trimmed.data() + trimmed.size();
-    double value = 0;
-    const auto result = std::from_chars(first, last, value);
-    if (first == last || result.ec != std::errc() || result.ptr != last) return std::nullopt;
-    return std::isfinite(value) ? std::optional(value) : std::nullopt;
+std::optional<float> single(std::optional<double> value) {
+    if (!value) return std::nullopt;
+    const float narrow = single_or_zero(*value);
+    return narrow != 0 || *value == 0 ? std::optional(narrow) : std::nullopt;
 }
 
 std::string exact(double value) {

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "common/text.h"
+#include "datafiles/search.h"
+#include "datafiles/synonyms.h"
 
 namespace quor::datafiles {
 
@@ -101,6 +103,10 @@ Database::Content::Content(std::vector<DatabaseEntry> list) : entries(std::move(
         const std::string_view name = text::without_end_blanks(entries[i].name);
         const std::string_view casrn = text::without_end_blanks(entries[i].casrn);
         by_number.try_emplace(entries[i].number, i);
+        for (const std::string& one : names_of(name)) {
+            std::string form = comparing_form(normalise_name(one));
+            if (!form.empty()) by_any_name.try_emplace(std::move(form), i);
+        }
         if (!name.empty()) by_name_or_casrn.try_emplace(name, i);
         if (casrn.empty()) continue;
         by_name_or_casrn.try_emplace(casrn, i);
@@ -132,6 +138,11 @@ std::span<const DatabaseEntry> Database::entries() const {
 
 std::optional<std::size_t> Database::place_of(const std::string& text) const {
     return content_ ? value_at(content_->by_name_or_casrn, text) : std::nullopt;
+}
+
+std::optional<std::size_t> Database::place_of_name(std::string_view name) const {
+    return content_ ? value_at(content_->by_any_name, comparing_form(normalise_name(name)))
+                    : std::nullopt;
 }
 
 std::optional<std::size_t> Database::place_of_casrn(const std::string& casrn) const {

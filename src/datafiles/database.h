@@ -56,6 +56,8 @@ class Database {
 
     /// The first place whose whole name field or CASRN is `text`, blanks at the end aside.
     std::optional<std::size_t> place_of(const std::string& text) const;
+    /// The first place that has `name` as any of its names, in any usual spelling.
+    std::optional<std::size_t> place_of_name(std::string_view name) const;
     std::optional<std::size_t> place_of_casrn(const std::string& casrn) const;
     std::optional<std::size_t> place_of_number(int number) const;
 
@@ -71,6 +73,7 @@ class Database {
         // The first place of each key; the texts are those of the entries.
         std::unordered_map<std::string_view, std::size_t> by_name_or_casrn{}, by_casrn{};
         std::unordered_map<int, std::size_t> by_number{};
+        std::unordered_map<std::string, std::size_t> by_any_name{};  ///< by their comparing form
     };
     std::filesystem::path path_;
     bool english_ = true;

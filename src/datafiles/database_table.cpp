@@ -130,7 +130,7 @@ class TableReader {
     }
 
     float slot_value(const Column& column, const std::string& cell) {
-        const std::optional<double> value = parse_number(cell);
+        const std::optional<double> value = numbers::number(cell);
         if (!value) {
             complain(column.name, "\"" + cell + "\" is not a number.");
             return 0;
@@ -192,7 +192,7 @@ class TableReader {
             const std::size_t next = table_.records.size() + 1;
             return static_cast<std::int16_t>(std::min(next, kMostSubstances));
         }
-        const std::optional<double> value = parse_number(cell);
+        const std::optional<double> value = numbers::number(cell);
         if (!value || *value < 1 || *value > 32767 || *value != std::floor(*value)) {
             complain("number", "\"" + cell + "\" is no substance number.");
             return 0;

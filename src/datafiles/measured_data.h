@@ -11,6 +11,9 @@ namespace quor::datafiles {
 /// More sets of data than this cannot be counted by a file.
 inline constexpr std::size_t kMostMeasuredPoints = 32767;
 
+/// `skip` of an inactive line.
+inline constexpr std::int16_t kInactive = -1;
+
 /// One line of experimental data; a value of 0 means that there is none.
 struct MeasuredPoint {
     std::int16_t skip = 0;  ///< non-zero (-1): the line is inactive
@@ -40,11 +43,13 @@ struct MeasuredDataFile {
     std::string date{};
     MeasuredData data{};   ///< the sets that are there, at most `announced`
     double announced = 0;  ///< number of sets that the file says it has
+    /// Places (from 0) of sets with a cell that is no number, or with too many or too few cells.
+    std::vector<std::size_t> wrong{};
 };
 
 /// Reads a file's text (code page 1252). It is refused when it has less than the four lines of the
-/// head, or announces data and has none. A text in the place of a number reads as 0; a last line
-/// that is cut short does not count. `title` names the file in the data and in a refusal.
+/// head, or announces data and has none. A set with a cell that is no number is inactive; a last
+/// line that is cut short does not count. `title` names the file in the data and in a refusal.
 Result<MeasuredDataFile> read_measured_data(const std::string& ansi_text, const std::string& title);
 
 /// The text of a file: head, then one line of T, p, rhoL, rhoV, hLV, cp a set.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "common/constants.h"
 #include "common/numbers.h"
@@ -32,12 +33,26 @@ double density_of(const MeasuredPoint& set, MeasuredColumn column) {
     return static_cast<double>(column == MeasuredColumn::rhoL ? set.rhoL : set.rhoV);
 }
 
-MeasuredPoint set_from_line(std::string_view line, const MeasuredUnits& units) {
+void add_line(ReadPoints<MeasuredPoint>& read, std::string_view line, const MeasuredUnits& units) {
     const std::vector<std::string> cells = text::split(line, '\t');
     MeasuredPoint set;
+    bool right = true;
     for (int i = 0; i < kMeasuredColumns && static_cast<std::size_t>(i) < cells.size(); ++i)
-        store_cell(set, static_cast<MeasuredColumn>(i), cells[static_cast<std::size_t>(i)], units);
-    return set;
+        if (!store_cell(set, static_cast<MeasuredColumn>(i), cells[static_cast<std::size_t>(i)],
+                        units))
+            right = false;
+    if (!right) set.skip = kInactive;
+    read.add(set, right);
+}
+
+/// What is stored for a value typed into a column; nothing for one that the column cannot hold.
+std::optional<double> stored(MeasuredColumn column, double typed, const MeasuredUnits& units) {
+    double value = typed;
+    if (column == MeasuredColumn::T) value = stored_temperature(typed, units.T);
+    if (column == MeasuredColumn::p) value = stored_pressure(typed, units.p);
+    if (column == MeasuredColumn::rhoL || column == MeasuredColumn::rhoV)
+        value = stored_density(typed, units);
+    return single(value) ? std::optional(value) : std::nullopt;
 }
 
 /// The part of a range of lines that lies in the table, from 0.
@@ -109,36 +124,42 @@ std::string cell_text(const MeasuredPoint& set, MeasuredColumn column, const Mea
     return {};
 }
 
-void store_cell(MeasuredPoint& set, MeasuredColumn column, std::string_view typed,
+bool store_cell(MeasuredPoint& set, MeasuredColumn column, std::string_view typed,
                 const MeasuredUnits& units) {
-    const bool empty = typed.find_first_of("0123456789") == std::string_view::npos;
-    const double value = cell_number_input(typed);
+    double value = 0;
+    if (!text::trim(typed).empty()) {
+        const std::optional<double> number = numbers::typed_number(typed);
+        const auto kept = number ? stored(column, *number, units) : std::nullopt;
+        if (!kept) return false;
+        value = *kept;
+    }
     switch (column) {
         case MeasuredColumn::T:
-            set.T = empty ? 0 : stored_temperature(value, units.T);
+            set.T = value;
             break;
         case MeasuredColumn::p:
-            set.p = stored_pressure(value, units.p);
+            set.p = value;
             break;
         case MeasuredColumn::rhoL:
-            set.rhoL = single_or_zero(stored_density(value, units));
+            set.rhoL = static_cast<float>(value);
             break;
         case MeasuredColumn::rhoV:
-            set.rhoV = single_or_zero(stored_density(value, units));
+            set.rhoV = static_cast<float>(value);
             break;
         case MeasuredColumn::hLV:
-            set.hLV = single_or_zero(value);
+            set.hLV = static_cast<float>(value);
             break;
         case MeasuredColumn::cp:
-            set.cp = single_or_zero(value);
+            set.cp = static_cast<float>(value);
             break;
     }
+    return true;
 }
 
-std::vector<MeasuredPoint> sets_from_clipboard(std::string_view table, const MeasuredUnits& units) {
-    std::vector<MeasuredPoint> sets;
-    for (const std::string& line : data_lines(table)) sets.push_back(set_from_line(line, units));
-    return sets;
+ReadPoints<MeasuredPoint> sets_from_clipboard(std::string_view table, const MeasuredUnits& units) {
+    ReadPoints<MeasuredPoint> read;
+    for (const std::string& line : data_lines(table)) add_line(read, line, units);
+    return read;
 }
 
 std::string sets_for_clipboard(std::span<const MeasuredPoint> points, int first, int last,
@@ -189,7 +210,7 @@ void toggle_points(std::span<MeasuredPoint> points, int first, int last) {
     const Lines lines = in_table(points.size(), first, last);
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
         std::int16_t& skip = points[static_cast<std::size_t>(i)].skip;
-        skip = skip == 0 ? std::int16_t{-1} : std::int16_t{0};
+        skip = skip == 0 ? kInactive : std::int16_t{0};
     }
 }
 
@@ -198,6 +219,57 @@ void sort_points(std::span<MeasuredPoint> points, MeasuredColumn column) {
                      [&](const MeasuredPoint& a, const MeasuredPoint& b) {
                          return sort_key(a, column) < sort_key(b, column);
                      });
+}
+
+namespace {
+
+/// The points of a graph over the active lines, each from `point`, which gives none for a line
+/// without its values.
+template <class PointOf>
+Result<XyGraph> graph_of(const MeasuredData& data, const std::string& needed,
+                         const PointOf& point) {
+    XyGraph graph;
+    for (const MeasuredPoint& set : data.points) {
+        if (set.skip != 0) continue;
+        if (const std::optional<FitPoint> one = point(set)) graph.points.push_back(*one);
+    }
+    if (graph.points.empty()) return Failure{"There is no active line with " + needed + "."};
+    graph.range = range_of_active(graph.points);
+    return graph;
+}
+
+}  // namespace
+
+Result<XyGraph> measured_graph(const MeasuredData& data, int column) {
+    static constexpr std::array<const char*, 5> kNames{"p", "rho(L)", "rho(V)", "delta(LV)h", "cp"};
+    static constexpr std::array<const char*, 5> kUnits{"kPa", "(kg/m^3)", "(kg/m^3)", "(kJ/kmol)",
+                                                       "(kJ/kmol/K)"};
+    const auto chosen = static_cast<std::size_t>(std::clamp(column, 1, 5) - 1);
+    const std::string name = kNames[chosen];
+    Result<XyGraph> graph = graph_of(
+        data, "T and " + name, [column](const MeasuredPoint& set) -> std::optional<FitPoint> {
+            const double y = fit_column_value(set, column);
+            if (set.T == 0 || y == 0) return std::nullopt;
+            return FitPoint{single_or_zero(set.T), single_or_zero(y), 0};
+        });
+    if (!graph) return graph;
+    graph->title = "Experimental points " + name + "(T)";
+    graph->x_title = "T / K";
+    graph->y_title = name + " / " + kUnits[chosen];
+    return graph;
+}
+
+Result<XyGraph> measured_graph_ln(const MeasuredData& data) {
+    Result<XyGraph> graph =
+        graph_of(data, "T and p above 0", [](const MeasuredPoint& set) -> std::optional<FitPoint> {
+            if (!(set.T > 0 && set.p > 0)) return std::nullopt;
+            return FitPoint{single_or_zero(1 / set.T), single_or_zero(std::log(set.p)), 0};
+        });
+    if (!graph) return graph;
+    graph->title = "Experimental points ln{p} = f(1/T)";
+    graph->x_title = "1/ (T/K)";
+    graph->y_title = "ln (p/kPa)";
+    return graph;
 }
 
 double fit_column_value(const MeasuredPoint& set, int column) {

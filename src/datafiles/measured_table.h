@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "datafiles/measured_data.h"
+#include "datafiles/table_text.h"
+#include "datafiles/xy_points.h"
 
 /// The table of experimental data without its view: units, cells, lines, order, clipboard.
 namespace quor::datafiles {
@@ -39,14 +41,15 @@ double shown_density(double rho, const MeasuredUnits& units);
 
 /// A cell as shown, in the locale's number form; empty where the set has no value (0).
 std::string cell_text(const MeasuredPoint& set, MeasuredColumn column, const MeasuredUnits& units);
-/// Stores what was typed into a cell, point or comma as decimal mark. An empty cell stores 0, "no
-/// value", and so does a text that is no number or a value that the column cannot hold.
-void store_cell(MeasuredPoint& set, MeasuredColumn column, std::string_view typed,
+/// Stores what was typed into a cell, point or comma as decimal mark; an empty cell stores 0, "no
+/// value". False, with nothing stored, for a text that is no number from end to end and for a value
+/// that the column cannot hold.
+bool store_cell(MeasuredPoint& set, MeasuredColumn column, std::string_view typed,
                 const MeasuredUnits& units);
 
 /// Sets from tab-separated lines of numbers in the order of the columns. Empty lines, and a first
 /// line of headings, are left out.
-std::vector<MeasuredPoint> sets_from_clipboard(std::string_view text, const MeasuredUnits& units);
+ReadPoints<MeasuredPoint> sets_from_clipboard(std::string_view text, const MeasuredUnits& units);
 /// The lines `first` to `last` (from 1) tab-separated, numbers in the locale's form.
 std::string sets_for_clipboard(std::span<const MeasuredPoint> points, int first, int last,
                                const MeasuredUnits& units);
@@ -63,6 +66,11 @@ void remove_points(std::vector<MeasuredPoint>& points, int first, int last);
 void toggle_points(std::span<MeasuredPoint> points, int first, int last);
 /// Sorts all lines, ascending; equal ones keep their order.
 void sort_points(std::span<MeasuredPoint> points, MeasuredColumn column);
+
+/// The active lines with a value in a column (1 to 5, as below) as a graph over T, or, for the
+/// vapour pressure, ln p over 1/T. Refused without such a line.
+Result<XyGraph> measured_graph(const MeasuredData& data, int column);
+Result<XyGraph> measured_graph_ln(const MeasuredData& data);
 
 /// The value of a column by the number that the fitting knows: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp.
 double fit_column_value(const MeasuredPoint& set, int column);

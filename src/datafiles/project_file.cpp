@@ -125,14 +125,14 @@ struct Read {
     double lowest, highest;
 
     std::optional<double> number() const {
-        const std::optional<double> value = parse_number(numbers::comma_to_point(line));
+        const std::optional<double> value = numbers::typed_number(line);
         return value && *value >= lowest && *value <= highest ? value : std::nullopt;
     }
     std::optional<bool> truth() const {
         const std::string word = text::to_upper(line);
         if (word == "#TRUE#") return true;
         if (word == "#FALSE#") return false;
-        const std::optional<double> value = parse_number(line);
+        const std::optional<double> value = numbers::number(line);
         return value ? std::optional(*value != 0) : std::nullopt;
     }
 
@@ -189,8 +189,7 @@ std::optional<double> labelled(std::span<const std::string> lines, std::string_v
     for (const std::string& line : lines) {
         const std::string trimmed = text::trim(line);
         if (!trimmed.starts_with(label)) continue;
-        const std::optional<double> value =
-            parse_number(numbers::comma_to_point(trimmed.substr(label.size())));
+        const std::optional<double> value = numbers::typed_number(trimmed.substr(label.size()));
         if (value && std::fabs(*value) <= kAny) return value;
     }
     return std::nullopt;

@@ -255,20 +255,20 @@ struct Store {
     std::string_view name, value;
 
     Result<void> operator()(float* field) const {
-        const std::optional<double> number = parse_number(value);
+        const std::optional<double> number = numbers::number(value);
         if (!number || std::fabs(*number) > static_cast<double>(std::numeric_limits<float>::max()))
             return not_a(name, value, "number");
         *field = static_cast<float>(*number);
         return {};
     }
     Result<void> operator()(double* field) const {
-        const std::optional<double> number = parse_number(value);
+        const std::optional<double> number = numbers::number(value);
         if (!number) return not_a(name, value, "number");
         *field = *number;
         return {};
     }
     Result<void> operator()(std::int16_t* field) const {
-        const std::optional<double> number = parse_number(value);
+        const std::optional<double> number = numbers::number(value);
         if (!number || std::fabs(*number) > 32767.0) return not_a(name, value, "whole number");
         *field = numbers::to_int16(*number);
         return {};

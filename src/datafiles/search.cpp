@@ -1,5 +1,6 @@
 #include "datafiles/search.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "common/text.h"
@@ -28,17 +29,23 @@ Failure not_involved(const SynonymHit& known) {
 Result<std::size_t> find_substance(const Database& database, const Synonyms& synonyms,
                                    const std::string& search) {
     const std::string wanted = text::trim_right(search);
-    const Failure nothing{"Nothing found."};
     if (const std::optional<int> number = typed_number(wanted)) {
         const std::optional<std::size_t> place = find_by_number(database, *number);
-        return place ? Result<std::size_t>(*place) : nothing;
+        return place ? Result<std::size_t>(*place) : Failure{"Nothing found."};
     }
     if (const std::optional<std::size_t> place = database.place_of(wanted)) return *place;
-
     const std::optional<SynonymHit> known = synonyms.find(wanted);
-    if (!known || known->casrn.empty()) return nothing;
-    const std::optional<std::size_t> place = find_by_casrn(database, known->casrn);
-    return place ? Result<std::size_t>(*place) : not_involved(*known);
+    const bool named = known && !known->casrn.empty();
+    if (named)
+        if (const std::optional<std::size_t> place = find_by_casrn(database, known->casrn))
+            return *place;
+    if (const std::optional<std::size_t> place = database.place_of_name(wanted)) return *place;
+    return named ? not_involved(*known) : Failure{"Nothing found."};
+}
+
+bool is_known(const Synonyms& synonyms, const std::string& search) {
+    const std::optional<SynonymHit> known = synonyms.find(text::trim_right(search));
+    return known && !known->casrn.empty();
 }
 
 std::optional<std::size_t> find_by_number(const Database& database, int number) {
@@ -60,6 +67,16 @@ std::vector<std::string> names_of(std::string_view name_field) {
 
 std::string first_name_of(std::string_view name_field) {
     return text::trim(name_field.substr(0, name_field.find(';')));
+}
+
+std::string short_name_of(std::string_view name_field) {
+    const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+    const std::vector<std::string> names = names_of(name_field);
+    if (std::ranges::none_of(names.front(), is_digit)) return names.front();
+    for (const std::string& name : names)
+        if (name.starts_with("R-") && name.size() > 2 && is_digit(name[2]))
+            return "R" + name.substr(2);
+    return names.front();
 }
 
 std::string formula_and_casrn(const DatabaseEntry& entry) {

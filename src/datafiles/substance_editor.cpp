@@ -107,19 +107,20 @@ void normalise_texts(EditorTexts& texts) {
         const std::string trimmed = text::trim(content);
         if (trimmed.empty()) {
             content = kEmpty;
-        } else if (!field.is_text() && trimmed != kEmpty && numbers::val_input(trimmed) == 0) {
+        } else if (!field.is_text() && numbers::typed_number(trimmed) == 0.0) {
             content = kStoredZeroText;
         }
     }
 }
 
-/// Stores the text of a field, empty for none; throws `faults::Fault` beyond the field's range.
+/// Stores the text of a field that `holds_value`, empty for none; throws `faults::Fault` beyond the
+/// field's range.
 struct Read {
     std::string content;
 
-    double number() const { return numbers::val_input(content); }
+    double number() const { return numbers::typed_number(content).value_or(0); }
     void operator()(float* field) const { *field = numbers::to_single(number()); }
-    void operator()(double* field) const { *field = cell_number_input(content); }
+    void operator()(double* field) const { *field = number(); }
     void operator()(std::int16_t* field) const { *field = numbers::to_int16(number()); }
     void operator()(bool*) const {}
     void operator()(std::string* field) const { *field = content; }
@@ -170,6 +171,12 @@ std::optional<char> filter_key(const EditorField& field, char typed) {
     return accepted.find(typed) == std::string_view::npos ? std::nullopt : std::optional(typed);
 }
 
+bool holds_value(const EditorField& field, std::string_view typed) {
+    const std::string content = text::trim(typed);
+    return field.is_text() || content.empty() || content == kEmpty ||
+           numbers::typed_number(content).has_value();
+}
+
 void form_derived_values(SubstanceRecord& s) {
     s.formula_compact = text::remove_blanks(s.formula);
     s.vcrit_measured = s.rhocrit > kPresent ? static_cast<double>(s.M) / s.rhocrit : 0;
@@ -183,10 +190,14 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
     normalise_texts(texts);
     for (const EditorField& field : editor_field_table()) {
         if (!field.editable) continue;
+        std::string& content = texts[static_cast<std::size_t>(field.index)];
         try {
-            read_field(field, texts[static_cast<std::size_t>(field.index)], s);
+            if (holds_value(field, content))
+                read_field(field, content, s);
+            else
+                content = shown_text(field, s);
         } catch (const faults::Fault&) {
-            texts[static_cast<std::size_t>(field.index)] = shown_text(field, s);
+            content = shown_text(field, s);
         }
     }
     s.casrn = text::pad_right(s.casrn, kCasrnLength);
@@ -223,7 +234,7 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
 void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
     const auto number = [&](int index) {
         const std::string content = text::trim(texts[static_cast<std::size_t>(index)]);
-        return content == kEmpty ? 0.0 : numbers::val_input(content);
+        return numbers::typed_number(content).value_or(0);
     };
     SubstanceRecord s;
     s.Tcrit = number(kTcrit);

@@ -66,6 +66,9 @@ EditorTexts show_record(const models::SubstanceRecord& substance);
 /// swallows. Names take every character.
 std::optional<char> filter_key(const EditorField& field, char typed);
 
+/// True for what a field can be read from: a name, nothing ("<>"), or one number.
+bool holds_value(const EditorField& field, std::string_view typed);
+
 /// Values of a record that follow from others: the compact formula, |C2| of the sinh/cosh function,
 /// the cp flags, the critical volume and the entropy of formation.
 void form_derived_values(models::SubstanceRecord& substance);

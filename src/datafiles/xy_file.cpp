@@ -21,17 +21,14 @@ char delimiter_of(std::string_view line, char delimiter) {
     return delimiter;
 }
 
-float coordinate(std::string_view cell) {
-    return cell_single(numbers::comma_to_point(std::string(cell)));
-}
-
-FitPoint read_point(const std::string& line, char delimiter) {
+/// The cells of a line, two at least.
+std::vector<std::string> cells_of(const std::string& line, char delimiter) {
     const char found = delimiter_of(line, delimiter);
     std::vector<std::string> cells = text::split(line, found);
     // Columns set apart by blanks may have any number of them.
     if (found == ' ') std::erase(cells, "");
     cells.resize(std::max<std::size_t>(cells.size(), 2));
-    return {coordinate(cells[0]), coordinate(cells[1]), 0.0F};
+    return cells;
 }
 
 std::string number(float value) {
@@ -40,14 +37,13 @@ std::string number(float value) {
 
 }  // namespace
 
-XyData read_xy_text(const std::string& ansi_text, char delimiter) {
+XyFile read_xy_text(const std::string& ansi_text, char delimiter) {
     const std::vector<std::string> lines = text::lines(text::from_ansi(ansi_text));
-    XyData file;
-    if (lines.empty()) return file;
-    file.comment = lines.front();
+    if (lines.empty()) return {};
+    ReadPoints<FitPoint> read;
     for (auto line = lines.begin() + 1; line != lines.end(); ++line)
-        if (!text::trim(*line).empty()) file.points.push_back(read_point(*line, delimiter));
-    return file;
+        if (!text::trim(*line).empty()) add_xy(read, cells_of(*line, delimiter));
+    return {.data = {lines.front(), std::move(read.points)}, .wrong = std::move(read.wrong)};
 }
 
 std::string xy_text(const std::string& comment, std::span<const FitPoint> points, char delimiter) {

@@ -16,11 +16,17 @@ struct XyData {
     bool operator==(const XyData&) const = default;
 };
 
+/// What a file holds.
+struct XyFile {
+    XyData data{};
+    std::vector<std::size_t> wrong{};  ///< places (from 0) of points with a cell that is no number
+};
+
 /// Reads a file's text (code page 1252): a comment line, then a point a line. x stands left of the
 /// delimiter, y right of it, up to a further one; a comma in a number is a decimal mark. A line
 /// without the delimiter is split at the first of ";", tab, blank that it has. Empty lines are
-/// left out.
-XyData read_xy_text(const std::string& ansi_text, char delimiter);
+/// left out; a line without two numbers gives an inactive point.
+XyFile read_xy_text(const std::string& ansi_text, char delimiter);
 /// The text of a file with the active points.
 std::string xy_text(const std::string& comment, std::span<const FitPoint> points, char delimiter);
 

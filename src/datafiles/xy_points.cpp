@@ -105,14 +105,19 @@ void insert_xy(std::vector<FitPoint>& points, int position, std::span<const FitP
     points.insert(points.begin() + at, more.begin(), more.end());
 }
 
-std::vector<FitPoint> xy_from_clipboard(std::string_view table) {
-    std::vector<FitPoint> points;
-    for (const std::string& line : data_lines(table)) {
-        const std::vector<std::string> cells = text::split(line, '\t');
-        points.push_back({cell_single_input(cells[0]),
-                          cells.size() > 1 ? cell_single_input(cells[1]) : 0.0F, 0.0F});
-    }
-    return points;
+void add_xy(ReadPoints<FitPoint>& read, std::span<const std::string> cells) {
+    const auto value = [&](std::size_t i) {
+        return i < cells.size() ? single(numbers::typed_number(cells[i])) : std::nullopt;
+    };
+    const std::optional<float> x = value(0), y = value(1);
+    const bool right = x && y;
+    read.add({x.value_or(0.0F), y.value_or(0.0F), right ? 0.0F : kInactiveMark}, right);
+}
+
+ReadPoints<FitPoint> xy_from_clipboard(std::string_view table) {
+    ReadPoints<FitPoint> read;
+    for (const std::string& line : data_lines(table)) add_xy(read, text::split(line, '\t'));
+    return read;
 }
 
 std::string xy_for_clipboard(std::span<const FitPoint> points, int first, int last) {

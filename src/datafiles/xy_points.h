@@ -7,6 +7,7 @@
 
 #include "common/result.h"
 #include "datafiles/fit_point.h"
+#include "datafiles/table_text.h"
 
 /// The list of the XY editor without its view: changes, order, clipboard. Lines count from 1.
 namespace quor::datafiles {
@@ -34,9 +35,11 @@ void remove_xy(std::vector<FitPoint>& points, int first, int last);
 void toggle_xy(std::span<FitPoint> points, int first, int last);
 void insert_xy(std::vector<FitPoint>& points, int position, std::span<const FitPoint> more);
 
+/// Adds the point of a line's cells, x and y; point or comma as decimal mark.
+void add_xy(ReadPoints<FitPoint>& read, std::span<const std::string> cells);
 /// Points from tab-separated lines; point or comma as decimal mark. Empty lines, and a first line
 /// of headings, are left out.
-std::vector<FitPoint> xy_from_clipboard(std::string_view table);
+ReadPoints<FitPoint> xy_from_clipboard(std::string_view table);
 /// The lines `first` to `last` tab-separated, numbers in the locale's form.
 std::string xy_for_clipboard(std::span<const FitPoint> points, int first, int last);
 /// The whole list in aligned columns for the printer, inactive points in brackets.

@@ -146,10 +146,6 @@ std::string sub_title_of(const Diagram& row, const Basis& basis, const Validity&
 std::string_view axis_text_of(const Diagram& row, Axis axis, const models::UnitChoice& units) {
     if (row.database == DatabaseFunction::volumeLiquid && axis == Axis::v)
         return kVolumeTexts[liquid_volume_is_specific(units) ? 1 : 0];
-    const bool reduced = units.system == UnitSystem::reduced &&
-                         (row.reduced == ReducedAxes::both ||
-                          row.reduced == (axis == row.x ? ReducedAxes::x : ReducedAxes::y));
-    if (const std::string_view text = reduced_text(axis); reduced && !text.empty()) return text;
     return axis_text(axis, units);
 }
 
@@ -179,10 +175,48 @@ bool shows(const Diagram& diagram, Axis quantity) {
 }
 
 std::string_view axis_text(Axis axis, const models::UnitChoice& units) {
+    const bool reduced = units.system == UnitSystem::reduced;
+    if (const std::string_view text = reduced_text(axis); reduced && !text.empty()) return text;
     const auto system = static_cast<std::size_t>(units.system);
     if (axis == Axis::v) return kVolumeTexts[system];
     if (axis == Axis::pv) return kPvTexts[system];
     return kAxisTexts[static_cast<std::size_t>(axis)][static_cast<std::size_t>(units.caloric)];
+}
+
+std::string axis_symbol(Axis axis) {
+    const std::string title(axis_text(axis, {}));
+    return text::trim(text::replace_all(title.substr(0, title.find(" / ")), "/kPa", ""));
+}
+
+namespace {
+
+bool has_title(const Diagram& row, const std::string& title) {
+    if (title.find(text::trim(row.title)) != std::string::npos) return true;
+    return row.source == Source::priority && title.starts_with("Vapour pressure equation ");
+}
+
+}  // namespace
+
+std::optional<KnownDiagram> diagram_by_texts(const std::string& title, const std::string& x,
+                                             const std::string& y) {
+    using enum UnitSystem;
+    constexpr std::array kUnits = {models::UnitChoice{molar, CaloricUnit::molar},
+                                   models::UnitChoice{specific, CaloricUnit::specific},
+                                   models::UnitChoice{reduced, CaloricUnit::molar},
+                                   models::UnitChoice{reduced, CaloricUnit::specific}};
+    const std::string one_line = text::replace_all(title, "\n", " ");
+    std::optional<KnownDiagram> found;
+    for (const Diagram& row : all_diagrams()) {
+        if (!row.opens() || row.section == Section::database || !has_title(row, one_line)) continue;
+        if (found && found->diagram->title.size() >= row.title.size()) continue;
+        for (const models::UnitChoice& units : kUnits)
+            if (text::trim(axis_text_of(row, row.x, units)) == text::trim(x) &&
+                text::trim(axis_text_of(row, row.y, units)) == text::trim(y)) {
+                found = KnownDiagram{&row, units};
+                break;
+            }
+    }
+    return found;
 }
 
 std::string model_name(const Diagram& diagram, const models::Fluid& fluid) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -103,9 +104,6 @@ enum class DatabaseFunction : std::uint8_t {
     densitySolid,
 };
 
-/// The axes whose texts are others in reduced units.
-enum class ReducedAxes : std::uint8_t { none, x, y, both };
-
 /// A pair of limits in `CoordinateDefaults`.
 struct LimitPair {
     float CoordinateDefaults::*low = nullptr;
@@ -135,7 +133,6 @@ struct Diagram {
     SubTitle sub_title = SubTitle::model;
     std::string_view suffix{};
     Source source = Source::equationOfState;
-    ReducedAxes reduced = ReducedAxes::none;
     Metastable metastable = Metastable::none;
     std::int16_t dome = 0;       ///< code of the coexistence curve that can be added
     std::int16_t inversion = 0;  ///< of the inversion curve
@@ -175,8 +172,11 @@ bool shows_caloric_values(const Diagram& diagram);
 /// True when one of the axes shows a quantity.
 bool shows(const Diagram& diagram, Axis quantity);
 
-/// Text of an axis in units, before the overrides of reduced ones.
+/// Text of an axis in units.
 std::string_view axis_text(Axis axis, const models::UnitChoice& units);
+
+/// What an axis shows, without its unit: "p", "ln(p)".
+std::string axis_symbol(Axis axis);
 
 /// Title, second title and texts of the axes of a diagram.
 struct DiagramTexts {
@@ -191,6 +191,16 @@ struct Validity {
     bool operator==(const Validity&) const = default;
 };
 DiagramTexts texts_of(const Diagram& diagram, const Basis& basis, const Validity& validity = {});
+
+/// A diagram with the units of its axes.
+struct KnownDiagram {
+    const Diagram* diagram = nullptr;
+    models::UnitChoice units{};
+};
+/// The diagram that a chart with a title and texts of the axes shows; nothing where they tell none,
+/// for units on R T, and for a function of the database, whose range they do not tell.
+std::optional<KnownDiagram> diagram_by_texts(const std::string& title, const std::string& x,
+                                             const std::string& y);
 
 /// Name of the model that draws a diagram: the EOS, or the vapour pressure equation.
 std::string model_name(const Diagram& diagram, const models::Fluid& fluid);

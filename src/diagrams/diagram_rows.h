@@ -68,13 +68,6 @@ inline constexpr LimitPair kTResidual{&CoordinateDefaults::T_min,
 /// The residual functions of p keep the temperature limit as their lower end.
 inline constexpr LimitPair kPResidual{&CoordinateDefaults::T_min, &CoordinateDefaults::p_max};
 
-/// The axis that reduced units change: T or p, of x before y.
-constexpr ReducedAxes reduced_of(Axis x, Axis y) {
-    if (x == Axis::inverseT) return ReducedAxes::both;
-    if (x == Axis::T || x == Axis::p || x == Axis::inverseTSlope) return ReducedAxes::x;
-    return y == Axis::T || y == Axis::p ? ReducedAxes::y : ReducedAxes::none;
-}
-
 /// The kind of the axes; a `y` is any other quantity.
 constexpr std::string_view pair_of(Axis x, Axis y) {
     if (x == Axis::v) return y == Axis::p ? "pv" : y == Axis::T ? "Tv" : "yv";
@@ -169,7 +162,6 @@ constexpr Row row(Codes codes, std::string_view title, Axis x, Axis y, Section s
              .section = section,
              .compute = compute,
              .parameter = z,
-             .reduced = reduced_of(x, y),
              .dome = codes.dome,
              .inversion = codes.inversion,
              .bisection = codes.bisection,
@@ -238,16 +230,13 @@ constexpr Row isobaric_pair(Codes codes, std::string_view title, Axis x, Axis y)
         .from_normal_pressure();
 }
 
-/// A caloric function of T of both phases in equilibrium; T keeps its text in reduced units.
+/// A caloric function of T of both phases in equilibrium.
 constexpr Row saturated_of_T(std::int16_t code, std::string_view title, Axis y) {
-    Row made =
-        projection({.code = code}, title, Axis::T, y, saturation_functions_over_T, Parameter::p)
-            .molar_or_specific()
-            .with_branches()
-            .from_normal_pressure()
-            .perhaps_a_point();
-    made.reduced = ReducedAxes::none;
-    return made;
+    return projection({.code = code}, title, Axis::T, y, saturation_functions_over_T, Parameter::p)
+        .molar_or_specific()
+        .with_branches()
+        .from_normal_pressure()
+        .perhaps_a_point();
 }
 
 /// The coexistence curve that is added to the diagram `base`.
@@ -288,7 +277,6 @@ constexpr Row database_pressure(std::int16_t code, models::VapourPressureEquatio
         database(code, "saturation pressure pLV = Fu(T), Datenbankfunktion ", Axis::p,
                  ", saturation pressure (database function)", DatabaseFunction::vapourPressure);
     made.equation = equation;
-    made.reduced = ReducedAxes::both;
     return made;
 }
 

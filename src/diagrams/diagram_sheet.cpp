@@ -116,6 +116,7 @@ int store_curve(DiagramSheet& sheet, NewCurve curve, float x_max) {
     series.x.clear();
     series.y.clear();
     series.visible = true;
+    series.label = {};
     SheetCurve& stored = sheet.curves[at(place)];
     stored = {};
     const auto add = [&](const CurvePoint& point) {

@@ -12,14 +12,6 @@ namespace quor::diagrams {
 
 inline constexpr std::size_t kMaxParameters = 1200;  ///< points of a curve whose parameter is kept
 
-/// The label beside a curve.
-struct CurveLabel {
-    std::string text;
-    bool shown = true;
-    double shift = -1;  ///< 0..1 along the visible part; below 0 where it hides least
-    friend bool operator==(const CurveLabel&, const CurveLabel&) = default;
-};
-
 /// Legend text and label of a curve.
 struct CurveName {
     std::string legend, label;
@@ -38,7 +30,6 @@ struct SheetCurve {
     CurveName name;                         ///< by what it holds constant, without its fluid
     CurveName given;     ///< as it was named last; what differs was changed by the user
     std::string source;  ///< second title of a diagram of this curve alone
-    CurveLabel label;
 };
 
 /// What can be taken back: a sheet's content before a step.
@@ -62,7 +53,6 @@ struct DiagramSheet {
     StateParameters at{298.15, 0, 0};  ///< parameters of the next curve
     std::vector<SheetCurve> curves;
     std::vector<bool> point_sets;
-    bool swapped_axes = false;
     int current_place = -1;  ///< the place the last curve went to; -1 before the first one
     bool manual_scaling = false;
     std::string loaded_file;   ///< path of the saved diagram that is shown, empty for none

@@ -119,8 +119,9 @@ void delete_critical_point(DiagramSheet& sheet, bool experimental) {
 
 void delete_curve_labels(DiagramSheet& sheet) {
     remember(sheet, "Delete curve labels");
-    for (SheetCurve& curve : sheet.curves) curve.label.shown = false;
-    erase_labels(sheet, is_kind(LabelKind::curve));
+    show_curve_labels(sheet, false);
+    for (chart::Label& label : sheet.chart.labels)
+        if (kind_of(label) == LabelKind::curve) label.shown = false;
 }
 
 void delete_texts(DiagramSheet& sheet) {
@@ -166,7 +167,11 @@ bool has_critical_point(const DiagramSheet& sheet, bool experimental) {
 }
 
 bool has_curve_labels(const DiagramSheet& sheet) {
-    return has_labels(sheet, is_kind(LabelKind::curve));
+    return has_labels(sheet, [&](const chart::Label& l) {
+        const int place = curve_place_of(l);
+        return place >= 0 && at(place) < sheet.chart.curves.size() &&
+               sheet.chart.curves[at(place)].label.shown;
+    });
 }
 
 bool has_texts(const DiagramSheet& sheet) {

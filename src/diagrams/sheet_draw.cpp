@@ -4,11 +4,14 @@
 
 #include "common/constants.h"
 #include "common/dialogs.h"
+#include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "diagrams/fluid_window.h"
 #include "diagrams/process_line.h"
 #include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_names.h"
+#include "diagrams/sheet_window.h"
 #include "models/model_tables.h"
 
 namespace quor::diagrams {
@@ -161,6 +164,7 @@ CurveName name_of(const CurveRequest& request, const Basis& basis, bool critical
 DrawOutcome draw_curve(DiagramSheet& sheet, const Pen& pen, CurveRequest wanted,
                        const std::string& branch) {
     if (tell_missing_fluid(pen)) return {};
+    const Upright upright(sheet);
     Basis basis;
     try {
         basis = in_units_of(sheet, pen.basis);
@@ -203,9 +207,34 @@ bool draw_both_branches(DiagramSheet& sheet, const Pen& pen, const Diagram& dome
     return branch(0, " (L)") && branch(1, " (V)");
 }
 
+namespace {
+
+/// As the first curve is drawn, an untouched sheet of h, s and their kin takes the window of its
+/// fluid: the limits that were proposed know nothing of it.
+void take_fluid_window(DiagramSheet& sheet, const Pen& pen) {
+    if (curve_count(sheet) > 0 || !pen.has_fluid()) return;
+    const CurveWindow& proposed = sheet.request.proposed;
+    if (!(sheet.request.window == proposed) ||
+        !(chart::shown_window(sheet.chart) == as_chart_window(proposed)))
+        return;
+    try {
+        const Basis basis = in_units_of(sheet, pen.basis);
+        const auto window = fluid_window(*sheet.request.diagram, basis, proposed);
+        if (!window) return;
+        sheet.request.window = *window;
+        show_window(sheet, as_chart_window(*window));
+    } catch (const faults::Fault&) {
+        // Drawing the curve tells why there are no values.
+    }
+}
+
+}  // namespace
+
 bool draw(DiagramSheet& sheet, const Pen& pen, const ProcessLine& range) {
     const Diagram* diagram = sheet.request.diagram;
-    if (sheet.swapped_axes || diagram == nullptr) return false;
+    if (diagram == nullptr) return false;
+    const Upright upright(sheet);
+    take_fluid_window(sheet, pen);
     if (diagram->section == Section::projection) return draw_both_branches(sheet, pen, *diagram);
     return draw_curve(sheet, pen, {.line = range}).place >= 0;
 }

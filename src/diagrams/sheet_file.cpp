@@ -56,6 +56,13 @@ void place_critical_point(DiagramSheet& sheet, bool experimental, std::optional<
         if (kind_of(label) == kind) label.series = place;
 }
 
+/// Older files hold the labels of curves only where they are shown, as they are placed.
+void take_placed_label(const chart::Chart2D& chart, int place, chart::CurveLabel& label) {
+    label.shown = false;
+    for (const chart::Label& placed : chart.labels)
+        if (curve_place_of(placed) == place) label = {.text = placed.text, .shown = true};
+}
+
 /// Reference lines stand behind the curves, however many of these a file holds.
 void take_curves(DiagramSheet& sheet) {
     auto& curves = sheet.chart.curves;
@@ -79,12 +86,9 @@ void take_curves(DiagramSheet& sheet) {
         SheetCurve& curve = sheet.curves[i];
         curve.drawn = true;
         curve.name.legend = curve.given.legend = curves[i].legend;
-        curve.label.shown = false;
-        for (const chart::Label& l : sheet.chart.labels)
-            if (curve_place_of(l) == static_cast<int>(i)) {
-                curve.label.text = curve.name.label = curve.given.label = l.text;
-                curve.label.shown = true;
-            }
+        chart::CurveLabel& label = curves[i].label;
+        if (label.text.empty()) take_placed_label(sheet.chart, static_cast<int>(i), label);
+        curve.name.label = curve.given.label = label.text;
     }
 }
 
@@ -109,18 +113,29 @@ void drop_lost_labels(chart::Chart2D& chart) {
 
 }  // namespace
 
-SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
-    if (sheet.swapped_axes &&
-        !dialogs::ask("Recommendation: Do not save the diagram in the rotated state (x<=>y).\n"
-                      "Continue?",
-                      "WARNING", dialogs::Icon::Exclamation))
-        return {false, folder};
+std::string proposed_file(const DiagramSheet& sheet, const std::string& substance) {
+    if (!sheet.loaded_file.empty()) return paths::file_title(sheet.loaded_file);
+    std::string title = substance.empty() ? "Diagram" : substance;
+    if (const Diagram* diagram = sheet.request.diagram)
+        title += " " + axis_symbol(diagram->y) + "-" + axis_symbol(diagram->x);
+    return paths::as_title(title) + kExtension;
+}
+
+const models::SubstanceRecord* first_substance(const DiagramSheet& sheet) {
+    for (const SheetCurve& curve : sheet.curves)
+        if (curve.drawn && !curve.basis.fluid.substance().name.empty())
+            return &curve.basis.fluid.substance();
+    return nullptr;
+}
+
+SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder,
+                    const std::string& proposed) {
     const std::optional<std::string> name =
         dialogs::choose_file({.save = true,
                               .title = "Save this 2D-diagram design",
                               .filter = kFilter,
                               .folder = folder,
-                              .name = "*.oc2",
+                              .name = proposed,
                               .default_extension = kExtension,
                               .overwrite_prompt = true});
     if (!name || name->empty()) return {false, folder};
@@ -131,7 +146,7 @@ SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
 }
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_note) {
-    if (sheet.swapped_axes) change_xy(sheet);
+    if (sheet.chart.swapped) change_xy(sheet);
     if (with_note) {
         dialogs::tell(
             "If you intend to continue the designing of the\nOC2 diagram please note:\n"
@@ -164,6 +179,12 @@ LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file) {
     return {LoadOutcome::Loaded, paths::folder_of(file)};
 }
 
+std::string named_substance(const chart::Chart2D& chart) {
+    const std::string footer = text::replace_all(chart.footer.text, "\n", " ");
+    const std::size_t end = footer.find(", ");
+    return end == std::string::npos ? std::string() : text::trim(footer.substr(0, end));
+}
+
 void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart) {
     DiagramSheet fresh;
     fresh.request = sheet.request;
@@ -194,12 +215,28 @@ CurvePoints shown_points(const DiagramSheet& sheet, int place) {
     return points;
 }
 
+std::string curve_name(const DiagramSheet& sheet, int place) {
+    if (!is_drawn(sheet, place)) return {};
+    const SheetCurve& curve = sheet.curves[at(place)];
+    const models::Fluid& fluid = curve.basis.fluid;
+    const std::string& substance = fluid.substance().name;
+    const std::string legend = text::trim(curve.name.legend);
+    if (substance.empty()) return legend;
+    const Diagram* diagram = sheet.request.diagram;
+    const std::string model = diagram == nullptr || diagram->section == Section::database
+                                  ? std::string()
+                                  : ", " + model_name(*diagram, fluid);
+    return substance + model + ", " + legend;
+}
+
 std::string curve_table(const DiagramSheet& sheet, int place) {
     const Series* series = used_curve(sheet, place);
     if (series == nullptr) return {};
     const std::string parameter = text::trim(parameter_caption(sheet, place));
     const bool has_parameter = !parameter.empty();
-    std::string table = sheet.chart.x.title + '\t' + sheet.chart.y.title;
+    const std::string name = curve_name(sheet, place);
+    std::string table =
+        (name.empty() ? name : name + '\n') + sheet.chart.x.title + '\t' + sheet.chart.y.title;
     if (has_parameter) table += '\t' + parameter;
     table += '\n';
     const std::vector<float>& z = sheet.curves[at(place)].z;

@@ -49,14 +49,17 @@ void place_labels(DiagramSheet& sheet, double width, double height,
         if (kind_of(label) == LabelKind::curve) label.shown = false;
     for (int place = 0; at(place) < sheet.curves.size(); ++place) {
         const SheetCurve& curve = sheet.curves[at(place)];
-        const CurveLabel& wanted = curve.label;
+        const chart::CurveLabel wanted =
+            chart::series_at(sheet.chart, chart::Group::Curves, place).label;
         auto found = std::find_if(labels.begin(), labels.end(), [&](const chart::Label& l) {
             return curve_place_of(l) == place;
         });
-        if (!curve.drawn || !wanted.shown || wanted.text.empty()) {
+        if (!curve.drawn || wanted.text.empty()) {
             if (found != labels.end()) labels.erase(found);
             continue;
         }
+        // A hidden label keeps its style.
+        if (!wanted.shown) continue;
         chart::Label label;
         if (found != labels.end()) {
             label = *found;
@@ -74,6 +77,21 @@ void place_labels(DiagramSheet& sheet, double width, double height,
             label.series = place;
         }
         labels.push_back(std::move(label));
+    }
+}
+
+void show_curve_labels(DiagramSheet& sheet, bool shown) {
+    for (int place = 0; at(place) < sheet.curves.size(); ++place)
+        chart::series_at(sheet.chart, chart::Group::Curves, place).label.shown = shown;
+}
+
+void follow_colours(DiagramSheet& sheet, const chart::Chart2D& before) {
+    for (chart::Label& label : sheet.chart.labels) {
+        const int place = curve_place_of(label);
+        if (place < 0 || at(place) >= std::min(before.curves.size(), sheet.chart.curves.size()))
+            continue;
+        if (label.text_colour == before.curves[at(place)].line.colour)
+            label.text_colour = sheet.chart.curves[at(place)].line.colour;
     }
 }
 

@@ -29,6 +29,12 @@ int label_index(LabelKind critical_point);
 void place_labels(DiagramSheet& sheet, double width, double height,
                   const chart::MeasureText& measure);
 
+/// Shows or hides the labels of all curves.
+void show_curve_labels(DiagramSheet& sheet, bool shown);
+
+/// Labels that still have the colour that their curve had in `before` take its present one.
+void follow_colours(DiagramSheet& sheet, const chart::Chart2D& before);
+
 /// A free text in the middle of the window.
 void add_text(DiagramSheet& sheet, const std::string& text);
 

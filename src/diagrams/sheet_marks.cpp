@@ -1,5 +1,6 @@
 #include "diagrams/sheet_marks.h"
 
+#include <array>
 #include <cmath>
 #include <initializer_list>
 #include <string>
@@ -13,7 +14,9 @@
 #include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_names.h"
+#include "diagrams/sheet_places.h"
 #include "diagrams/sheet_undo.h"
+#include "diagrams/sheet_window.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 
@@ -144,7 +147,7 @@ void clear_lines(DiagramSheet& sheet) {
 
 bool offers_mark(const DiagramSheet& sheet, Mark mark) {
     const Diagram* diagram = sheet.request.diagram;
-    if (sheet.swapped_axes || diagram == nullptr) return false;
+    if (diagram == nullptr) return false;
     switch (mark) {
         case Mark::T:
             return direction_of_T(sheet) != Direction::None;
@@ -176,6 +179,7 @@ bool offers_mark(const DiagramSheet& sheet, Mark mark) {
 }
 
 bool mark_temperatures(DiagramSheet& sheet, const Pen& pen) {
+    const Upright upright(sheet);
     if (!offers_mark(sheet, Mark::T)) return false;
     const auto basis = basis_of_mark(sheet, pen);
     if (!basis) return false;
@@ -207,6 +211,7 @@ bool mark_temperatures(DiagramSheet& sheet, const Pen& pen) {
 }
 
 bool mark_pressures(DiagramSheet& sheet, const Pen& pen) {
+    const Upright upright(sheet);
     if (!offers_mark(sheet, Mark::p)) return false;
     const auto basis = basis_of_mark(sheet, pen);
     if (!basis) return false;
@@ -234,6 +239,7 @@ bool mark_pressures(DiagramSheet& sheet, const Pen& pen) {
 }
 
 bool mark_volume(DiagramSheet& sheet, const Pen& pen) {
+    const Upright upright(sheet);
     if (!offers_mark(sheet, Mark::v)) return false;
     const double v = pen.basis.fluid.eos().vcrit_calculated;
     if (!(v > 0)) return false;
@@ -247,6 +253,7 @@ bool mark_volume(DiagramSheet& sheet, const Pen& pen) {
 }
 
 bool mark_covolume(DiagramSheet& sheet, const Pen& pen) {
+    const Upright upright(sheet);
     if (!offers_mark(sheet, Mark::b)) return false;
     const models::Fluid& fluid = pen.basis.fluid;
     const bool cubic = !fluid.models().vapour_only;
@@ -291,15 +298,44 @@ std::optional<Projection> critical_projection(const DiagramSheet& sheet, const B
     if (shows_caloric_values(diagram)) {
         // The caloric values belong to the state of the EOS at T(cr) and p(cr).
         const auto state = models::solve_state_tp(fluid, s.Tcrit, s.pcrit);
-        const auto of_state = !state ? std::nullopt : state->has_V ? state->vV : state->vL;
-        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, of_state.value_or(v));
+        double of_state = v;
+        if (state) of_state = (state->has_V ? state->vV : state->vL).value_or(v);
+        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, of_state);
     }
     return project_state(diagram, basis, {s.Tcrit, s.pcrit, v}, functions);
+}
+
+constexpr double kBesidePoint = 34, kAbovePoint = 12;  // pixels; both texts have room at one place
+constexpr chart::Colour kExperimental = chart::kInk, kCalculated = chart::rgb(0x1D4ED8);
+
+/// The height of the point of a label, as a share of the window.
+double height_of(const DiagramSheet& sheet, const chart::Label& label) {
+    const chart::Series& series = sheet.chart.points[at(label.series)];
+    return chart::WindowScale(sheet.chart).v(static_cast<double>(series.y.front()));
+}
+
+/// The label of the upper critical point stands above it, that of the lower one below it, as long
+/// as they stand where they were put.
+void part_critical_labels(DiagramSheet& sheet) {
+    std::array<chart::Label*, 2> both{};
+    for (chart::Label& label : sheet.chart.labels) {
+        const LabelKind kind = kind_of(label);
+        if (kind == LabelKind::criticalEx) both[0] = &label;
+        if (kind == LabelKind::criticalCalc) both[1] = &label;
+    }
+    const auto untouched = [](const chart::Label* label) {
+        return label != nullptr && std::fabs(label->dy) == kAbovePoint;
+    };
+    if (!untouched(both[0]) || !untouched(both[1])) return;
+    const bool first_above = height_of(sheet, *both[0]) >= height_of(sheet, *both[1]);
+    both[0]->dy = first_above ? -kAbovePoint : kAbovePoint;
+    both[1]->dy = -both[0]->dy;
 }
 
 }  // namespace
 
 bool mark_critical_point(DiagramSheet& sheet, const Pen& pen, bool experimental) {
+    const Upright upright(sheet);
     if (!offers_mark(sheet, experimental ? Mark::CriticalEx : Mark::CriticalCalc)) return false;
     const auto basis = basis_of_mark(sheet, pen);
     if (!basis) return false;
@@ -316,7 +352,7 @@ bool mark_critical_point(DiagramSheet& sheet, const Pen& pen, bool experimental)
     series = chart::default_point_set(place);
     series.in_legend = false;
     series.symbol = experimental ? chart::SymbolShape::Box : chart::SymbolShape::Circle;
-    series.symbol_colour = chart::kInk;
+    series.symbol_colour = experimental ? kExperimental : kCalculated;
     series.x = {static_cast<float>(at->x)};
     series.y = {static_cast<float>(at->y)};
     chart::Label label;
@@ -325,10 +361,11 @@ bool mark_critical_point(DiagramSheet& sheet, const Pen& pen, bool experimental)
     label.group = chart::Group::Points;
     label.series = place;
     label.text = experimental ? "CP (exp.)" : "CP (calc.)";
-    constexpr double kBeside = 34, kAbove = 12;  // pixels; both texts have room at one place
-    label.dx = kBeside;
-    label.dy = experimental ? -kAbove : kAbove;
+    label.text_colour = series.symbol_colour;
+    label.dx = kBesidePoint;
+    label.dy = experimental ? -kAbovePoint : kAbovePoint;
     sheet.chart.labels.push_back(std::move(label));
+    part_critical_labels(sheet);
     return true;
 }
 

@@ -152,7 +152,7 @@ void show_name(DiagramSheet& sheet, int place, Distinction told) {
     const std::string origin = origin_of(sheet, curve, told);
     const CurveName shown{behind(origin, curve.name.legend), behind(origin, curve.name.label)};
     if (series.legend == curve.given.legend) series.legend = shown.legend;
-    if (curve.label.text == curve.given.label) curve.label.text = shown.label;
+    if (series.label.text == curve.given.label) series.label.text = shown.label;
     curve.given = shown;
 }
 
@@ -163,7 +163,7 @@ void name_curve(DiagramSheet& sheet, int place, const CurveName& name) {
     SheetCurve& curve = sheet.curves[at(place)];
     Series& series = chart::series_at(sheet.chart, Group::Curves, place);
     series.legend.clear();
-    curve.label.text.clear();
+    series.label.text.clear();
     curve.name = name;
     curve.given = {};
     show_name(sheet, place, distinction_of(sheet));

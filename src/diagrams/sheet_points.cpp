@@ -7,6 +7,7 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/text.h"
+#include "diagrams/sheet_window.h"
 
 namespace quor::diagrams {
 
@@ -71,12 +72,6 @@ bool is_condensed_function(const Diagram& diagram) {
     return diagram.section == Section::database && (diagram.y == Axis::rho || diagram.y == Axis::v);
 }
 
-/// A projection on whose axes each phase has a place of its own.
-bool shows_both_phases(const Diagram& diagram) {
-    return diagram.section == Section::projection &&
-           (shows(diagram, Axis::v) || shows(diagram, Axis::rho) || shows(diagram, Axis::pv));
-}
-
 bool in_window(const DiagramSheet& sheet, float x, float y) {
     const chart::Window w = chart::shown_window(sheet.chart);
     return static_cast<double>(x) >= w.x.min && static_cast<double>(x) <= w.x.max &&
@@ -104,11 +99,9 @@ MeasuredPoints map_measured(const Diagram& diagram, const Basis& basis,
         if (!needs_density) continue;
         if (is_condensed_function(diagram)) {
             add(line, L ? L : V);
-        } else if (shows_both_phases(diagram)) {
+        } else {
             add(line, V);
             add(line, L);
-        } else {
-            add(line, V ? V : L);
         }
     }
     return points;
@@ -116,6 +109,7 @@ MeasuredPoints map_measured(const Diagram& diagram, const Basis& basis,
 
 bool add_measured_points(DiagramSheet& sheet, const Pen& pen, std::span<const MeasuredState> data,
                          const std::string& file) {
+    const Upright upright(sheet);
     MeasuredPoints points;
     try {
         if (sheet.request.diagram != nullptr)
@@ -125,7 +119,6 @@ bool add_measured_points(DiagramSheet& sheet, const Pen& pen, std::span<const Me
         dialogs::tell(fault.what(), dialogs::kNotPossible);
         return false;
     }
-    if (sheet.swapped_axes) std::swap(points.x, points.y);
     bool any = false;
     for (std::size_t i = 0; i < points.x.size(); ++i)
         any = any || in_window(sheet, points.x[i], points.y[i]);
@@ -168,14 +161,14 @@ DiagramRequest request_of_editor_graph(const EditorGraph& graph) {
 bool add_editor_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                        const std::string& comment) {
     if (x.empty()) return false;
-    if (sheet.swapped_axes) std::swap(x, y);
+    const Upright upright(sheet);
     return store_point_set(sheet, std::move(x), std::move(y), editor_name(comment)) >= 0;
 }
 
 bool add_editor_curve(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                       const std::string& comment) {
     if (x.empty()) return false;
-    if (sheet.swapped_axes) std::swap(x, y);
+    const Upright upright(sheet);
     return store_points(sheet, std::move(x), std::move(y), editor_name(comment)) >= 0;
 }
 

@@ -55,14 +55,16 @@ void remember(DiagramSheet& sheet, const std::string& name) {
     if (sheet.undo.size() > kMostSteps) sheet.undo.erase(sheet.undo.begin());
 }
 
+bool differs(const SheetContent& before, const DiagramSheet& sheet) {
+    chart::Chart2D chart = before.chart;
+    keep_window(chart, sheet.chart);
+    return chart != sheet.chart;
+}
+
 void remember_design(DiagramSheet& sheet, const SheetContent& before, const std::string& name) {
+    if (!differs(before, sheet)) return;
     SheetContent kept = before;
     keep_window(kept.chart, sheet.chart);
-    const auto label = [](const SheetCurve& curve) { return curve.label; };
-    const bool same_labels =
-        std::equal(kept.curves.begin(), kept.curves.end(), sheet.curves.begin(), sheet.curves.end(),
-                   [&](const auto& a, const auto& b) { return label(a) == label(b); });
-    if (kept.chart == sheet.chart && same_labels) return;
     sheet.redo.clear();
     const bool goes_on =
         !sheet.undo.empty() && sheet.undo.back().is_design && sheet.undo.back().name == name;

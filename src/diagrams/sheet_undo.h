@@ -11,6 +11,8 @@ namespace quor::diagrams {
 void remember(DiagramSheet& sheet, const std::string& step);
 /// The content as it is now.
 SheetContent content_of(const DiagramSheet& sheet);
+/// True when more than the window has changed since.
+bool differs(const SheetContent& before, const DiagramSheet& sheet);
 /// Keeps the content before a change of texts and styles that was made on the chart itself, unless
 /// nothing but the window has changed. Further changes of the same `step` belong to the first.
 void remember_design(DiagramSheet& sheet, const SheetContent& before, const std::string& step);

@@ -6,6 +6,7 @@
 
 #include "chart/sheet2d.h"
 #include "common/dialogs.h"
+#include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_places.h"
 
 namespace quor::diagrams {
@@ -87,15 +88,28 @@ void default_coordinates(DiagramSheet& sheet) {
     if (is_range(window.x) && is_range(window.y)) set_coordinates(sheet, window);
 }
 
+namespace {
+
+/// The texts of markers run along their lines, on the same side of them.
+void turn(chart::Chart2D& chart) {
+    chart::swap_axes(chart);
+    for (chart::Label& label : chart.labels) {
+        if (kind_of(label) != LabelKind::marker) continue;
+        label.rotation = (450 - label.rotation) % 360;
+        label.dx = -std::exchange(label.dy, -label.dx);
+    }
+}
+
+}  // namespace
+
 void change_xy(DiagramSheet& sheet) {
-    sheet.swapped_axes = !sheet.swapped_axes;
-    chart::swap_axes(sheet.chart);
+    turn(sheet.chart);
     swap_window(sheet.request.window);
     swap_window(sheet.request.proposed);
     std::swap(sheet.request.texts.x, sheet.request.texts.y);
     // What can be taken back, or made again, keeps to the axes as they stand.
     for (auto* steps : {&sheet.undo, &sheet.redo})
-        for (UndoStep& kept : *steps) chart::swap_axes(kept.before.chart);
+        for (UndoStep& kept : *steps) turn(kept.before.chart);
 }
 
 void set_logarithmic(DiagramSheet& sheet, bool x_axis, bool on) {

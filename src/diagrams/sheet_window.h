@@ -22,6 +22,25 @@ void default_coordinates(DiagramSheet& sheet);
 
 /// `cmdChangeXY`: exchanges the axes with all that belongs to them.
 void change_xy(DiagramSheet& sheet);
+
+/// While it lives, a turned sheet stands upright: curves and points are computed for the axes of
+/// its diagram, and turn with it afterwards.
+class Upright {
+  public:
+    explicit Upright(DiagramSheet& sheet) : sheet_(sheet), turned_(sheet.chart.swapped) {
+        if (turned_) change_xy(sheet_);
+    }
+    ~Upright() {
+        if (turned_) change_xy(sheet_);
+    }
+    Upright(const Upright&) = delete;
+    Upright& operator=(const Upright&) = delete;
+
+  private:
+    DiagramSheet& sheet_;
+    bool turned_;
+};
+
 void set_logarithmic(DiagramSheet& sheet, bool x_axis, bool on);
 
 /// Spacings and digits as typed; 0 or less leaves a value to the chart, digits below 0 too.

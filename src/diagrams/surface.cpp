@@ -59,6 +59,7 @@ std::string label_of(Axis axis, const models::UnitChoice& units) {
     const bool reduced = units.system == models::UnitSystem::reduced;
     if (axis == Axis::T) return reduced ? "T(red)" : "T / K";
     if (axis == Axis::p) return reduced ? "p(red)" : "p / kPa";
+    if (axis == Axis::v && reduced) return "v(red)";
     return std::string(axis_text(axis, units));
 }
 

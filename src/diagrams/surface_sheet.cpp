@@ -158,13 +158,21 @@ bool tell_empty_surface(const chart::Chart3D& chart) {
     return true;
 }
 
-SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder) {
+std::string proposed_file(const SurfaceSheet& sheet, const std::string& substance) {
+    const SurfaceKind& kind = *sheet.kind;
+    return paths::as_title(substance + " " + axis_symbol(kind.z) + "-" + axis_symbol(kind.x) + "-" +
+                           axis_symbol(kind.y)) +
+           kExtension;
+}
+
+SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder,
+                           const std::string& proposed) {
     const std::optional<std::string> name =
         dialogs::choose_file({.save = true,
                               .title = "Save this diagram design",
                               .filter = kFilter,
                               .folder = folder,
-                              .name = kAnyFile,
+                              .name = proposed,
                               .default_extension = kExtension,
                               .overwrite_prompt = true});
     if (!name || name->empty()) return {{}, folder};

@@ -50,8 +50,12 @@ struct SurfaceFileAnswer {
     std::string file;    ///< empty: nothing was written, or read
     std::string folder;  ///< in which the next file is looked for
 };
-/// `mnuSaveOC3`: asks for a name and writes the chart.
-SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder);
+/// The name proposed for the file of a surface: of a substance and the axes, such as "Propane
+/// h-p-T.oc3".
+std::string proposed_file(const SurfaceSheet& sheet, const std::string& substance);
+/// `mnuSaveOC3`: asks for a name, beginning with one in a folder, and writes the chart.
+SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder,
+                           const std::string& proposed);
 
 /// `mnuLoadOC3`: asks for a file, whose chart takes the place of the sheet's. Working limits, kind
 /// and fluid stay. Nothing changes after a cancel or with a file that cannot be read.

@@ -1,5 +1,6 @@
 #include "estimation/fit_apply.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "common/constants.h"
@@ -194,22 +195,20 @@ bool is_same_substance(const SubstanceRecord& a, const SubstanceRecord& b) {
     return text::trim(b.casrn).empty() && a.name == b.name;
 }
 
-bool has_place(std::int16_t model) {
-    const FitModelRow* row = find_model(model);
-    return row != nullptr && (row->apply != nullptr || model == kAugust);
-}
-
 Result<AppliedFit> apply_fit(const FitState& state, const SubstanceRecord& substance) {
     const FitModelRow* row = find_model(state.model);
     if (const std::string_view reason = refusal(state); !reason.empty())
         return Failure{std::string(reason)};
     if (row == nullptr || row->apply == nullptr) return Failure{std::string(kNoPlace)};
-    if (!state.fitted || state.points.empty()) return Failure{std::string(kNoResults)};
+    const auto& points = state.points;
+    const auto first = std::find_if(points.begin(), points.end(), is_active);
+    const auto last = std::find_if(points.rbegin(), points.rend(), is_active);
+    if (!state.fitted || first == points.end()) return Failure{std::string(kNoResults)};
     if (!is_same_substance(state.substance, substance)) return another_substance(state, substance);
     try {
         AppliedRange range;
-        range.T_low = numbers::to_int16(static_cast<double>(state.points.front().x));
-        range.T_high = numbers::to_int16(static_cast<double>(state.points.back().x));
+        range.T_low = numbers::to_int16(static_cast<double>(first->x));
+        range.T_high = numbers::to_int16(static_cast<double>(last->x));
         range.Tcr = state.Tcr;
         range.pcr = state.pcr;
         range.phase = state.cp_phase;

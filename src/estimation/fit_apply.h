@@ -17,9 +17,6 @@ struct AppliedFit {
 /// True when two records are of the same substance, whatever was edited in them.
 bool is_same_substance(const models::SubstanceRecord& a, const models::SubstanceRecord& b);
 
-/// True when the data of a substance have a place for the results of a model, or a word why not.
-bool has_place(std::int16_t model);
-
 /// Writes the results of a fit into a substance (`cmdApply`): the program's own equation then gives
 /// the fitted function. Refused when the fit belongs to another substance.
 Result<AppliedFit> apply_fit(const FitState& state, const models::SubstanceRecord& substance);
@@ -30,7 +27,10 @@ inline constexpr std::string_view kNowActive =
     "and can be viewed/edited under \"Data/Data editor\".\n"
     "\n"
     "Single value calculations y=f(T) can be carried out\n"
-    "under \"Calculation / Database functions\".";
+    "under \"Calculation / Database functions\".\n"
+    "\n"
+    "They live in this session only. To keep them, save a private database\n"
+    "under \"Data/Data editor\".";
 
 // Targets of the models in the record.
 void apply_antoine(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);

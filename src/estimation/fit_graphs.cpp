@@ -84,15 +84,21 @@ Failure no_value() {
 
 }  // namespace
 
-FitGraph residual_graph(const FitState& state) {
+FitGraph residual_graph(const FitState& state, Residuals kind) {
     FitGraph graph;
     const FitModelRow* row = row_of(state);
     if (row == nullptr) return graph;
-    graph.title = "residuals of the fitting, absolute";
-    graph.y_title = is_pressure(*row) ? "(p(calc) - p(exp)) / kPa" : "(y(calc) - y(exp))";
+    const bool relative = kind == Residuals::Relative;
+    const bool pressure = is_pressure(*row);
+    graph.title =
+        relative ? "residuals of the fitting, relative" : "residuals of the fitting, absolute";
+    if (relative)
+        graph.y_title = pressure ? "(p(calc) / p(exp) - 1) / %" : "(y(calc) / y(exp) - 1) / %";
+    else
+        graph.y_title = pressure ? "(p(calc) - p(exp)) / kPa" : "(y(calc) - y(exp))";
     graph.x_title = "T / K";
     for_active(state, [&](double x, double y) {
-        const double residual = difference(state, x, y);
+        const double residual = difference(state, x, y) * (relative ? 100 / y : 1);
         if (std::isfinite(residual)) graph.points.push_back({x, residual});
     });
     set_axes(graph);
@@ -161,7 +167,7 @@ Result<double> fitted_x(const FitState& state, double y) {
                     bisect(state, std::min(x, edge[side]), std::max(x, edge[side]), y);
                 // At a pole the difference grows where at a root it vanishes.
                 const double rest = std::fabs(difference(state, root, y));
-                if (rest < std::fabs(d) && rest < std::fabs(value[side])) return root;
+                if (rest <= std::fabs(d) && rest <= std::fabs(value[side])) return root;
             }
             edge[side] = x;
             value[side] = d;

@@ -20,8 +20,10 @@ struct FitGraph {
     double x_min = 0, x_max = 0, y_min = 0, y_max = 0;  ///< axis ranges
 };
 
-/// Residuals of the active points over x (`cmdGraphResid`).
-FitGraph residual_graph(const FitState& state);
+enum class Residuals { Absolute, Relative };
+/// Residuals of the active points over x (`cmdGraphResid`); relative ones are in per cent of the
+/// measured value, and there is none where that is 0.
+FitGraph residual_graph(const FitState& state, Residuals kind = Residuals::Absolute);
 /// Active points and the fitted function over x (`cmdGraphFunction`).
 FitGraph function_graph(const FitState& state);
 /// ln p of the active points and of the fitted function over 1/T (`cmdGraphLnp`); refused when a T

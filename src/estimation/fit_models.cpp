@@ -294,6 +294,14 @@ bool choose_model(FitState& state, std::int16_t number) {
     return true;
 }
 
+void change_Tcr(FitState& state, double Tcr) {
+    const FitModelRow* row = find_model(state.model);
+    const bool follow =
+        row != nullptr && row->needs_Tcr && state.start == start_values(*row, state.lg, state.Tcr);
+    state.Tcr = Tcr;
+    if (follow) state.start = start_values(*row, state.lg, Tcr);
+}
+
 bool is_same_function(const FitSettings& a, const FitSettings& b) {
     FitSettings alike = b;
     alike.start = a.start;
@@ -301,6 +309,11 @@ bool is_same_function(const FitSettings& a, const FitSettings& b) {
     alike.logarithmic = a.logarithmic;
     alike.cp_phase = a.cp_phase;
     return alike == a;
+}
+
+bool is_linear(const FitState& state) {
+    const FitModelRow* row = find_model(state.model);
+    return row != nullptr && row->basis != nullptr;
 }
 
 ModelContext context_of(const FitState& state) {

@@ -86,6 +86,11 @@ std::string_view unit_text(FitTab tab);
 /// changed, for a number without a model.
 bool choose_model(FitState& state, std::int16_t number);
 
+/// Sets Tcr; start values that follow it, and that nobody has changed, go with it.
+void change_Tcr(FitState& state, double Tcr);
+
+/// True for a model that is linear in its parameters: it is solved directly.
+bool is_linear(const FitState& state);
 /// L, Tcr and pcr of a state.
 ModelContext context_of(const FitState& state);
 /// The function with the parameters of a state; false on a failure.

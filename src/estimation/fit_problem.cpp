@@ -1,5 +1,6 @@
 #include "estimation/fit_problem.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quor::estimation {
@@ -10,6 +11,11 @@ namespace {
 constexpr double kDerivativeStep = 1.7e-7;
 
 }  // namespace
+
+bool any_free(const FitProblem& problem) {
+    return std::any_of(problem.fixed.begin(), problem.fixed.begin() + problem.parameter_count,
+                       [](bool fixed) { return !fixed; });
+}
 
 bool evaluate_model(const FitProblem& problem, const Parameters& par, double x, double& y) {
     Parameters own{};

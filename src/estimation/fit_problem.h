@@ -48,6 +48,9 @@ struct FitProblem {
     int failed_evaluations = 0;  ///< counted up by every evaluation that fails
 };
 
+/// True when at least one parameter is adjusted.
+bool any_free(const FitProblem& problem);
+
 /// y(calc) of one x with scaled parameters; false on a failure.
 bool evaluate_model(const FitProblem& problem, const Parameters& par, double x, double& y);
 

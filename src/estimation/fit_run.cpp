@@ -6,7 +6,9 @@
 
 #include "common/constants.h"
 #include "common/numbers.h"
+#include "estimation/fit_start_values.h"
 #include "estimation/fit_statistics.h"
+#include "estimation/fit_worth.h"
 #include "estimation/linear_regression.h"
 #include "estimation/marquardt_nash.h"
 #include "estimation/model_functions.h"
@@ -22,6 +24,11 @@ constexpr std::size_t kMostPoints = std::numeric_limits<std::int16_t>::max();
 float narrow(double value) {
     constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
     return static_cast<float>(std::clamp(value, -most, most));
+}
+
+/// The engine takes its normal matrix from the first points of the list, as many as are active.
+void put_active_points_first(std::vector<datafiles::FitPoint>& points) {
+    std::stable_partition(points.begin(), points.end(), is_active);
 }
 
 /// The refusal of a fit in the order of the tests, empty when it may run.
@@ -52,6 +59,15 @@ Result<void> run_linear(FitState& state, const FitModelRow& row, const FitProble
     return {};
 }
 
+/// A start on a bound that cannot leave it never takes the mark of resting there, and the last
+/// probes of the search may move a value off its bound by a small step.
+bool rests_on_bound(Mask mask, double value, const Bound& bound) {
+    constexpr double kProbe = 4e-7;
+    const auto near = [&](double end) { return std::fabs(value - end) <= kProbe * std::fabs(end); };
+    return mask == Mask::AtLower || mask == Mask::AtUpper ||
+           (mask == Mask::Free && (near(bound.lower) || near(bound.upper)));
+}
+
 void run_marquardt(FitState& state, FitProblem& problem) {
     const auto n = static_cast<std::size_t>(problem.parameter_count);
     Parameters par{};
@@ -63,20 +79,24 @@ void run_marquardt(FitState& state, FitProblem& problem) {
     for (std::size_t i = 0; i < n; ++i) {
         state.parameters[i] = par[i] * problem.scale[i];
         // The mark of a missing standard deviation is not a value and takes no scale.
-        if (result.has_std_dev)
-            state.std_dev[i] = std_dev[i] == kNoStdDev ? kNoStdDev : std_dev[i] * problem.scale[i];
-        // A start on a bound that cannot leave it never takes the mark of resting there.
-        const bool at_bound = par[i] <= kBounds[i].lower || par[i] >= kBounds[i].upper;
-        state.report.on_bound[i] = result.mask[i] != Mask::Fixed && at_bound;
+        const bool there = result.has_std_dev && std_dev[i] != kNoStdDev;
+        state.std_dev[i] = there ? std_dev[i] * problem.scale[i] : kNoStdDev;
+        state.report.on_bound[i] = rests_on_bound(result.mask[i], par[i], kBounds[i]);
     }
-    state.sum_of_squares = result.sum_squares;
+    state.report.failed_evaluations = problem.failed_evaluations;
+    // The engine leaves the sum of its last probe, or none where a bound forbids that probe.
+    std::int16_t evaluations = 0;
+    calc_fqs_marquardt(problem, par, state.sum_of_squares, evaluations);
+    state.sum_of_squares = std::fmin(state.sum_of_squares, std::numeric_limits<double>::max());
     state.report.ended_at_limit = result.failed;
     state.report.singular = result.singular;
-    const bool any_free =
-        std::any_of(problem.fixed.begin(), problem.fixed.begin() + problem.parameter_count,
-                    [](bool fixed) { return !fixed; });
-    state.report.ended_at_start = any_free && result.accepted == 0;
-    state.report.failed_evaluations = problem.failed_evaluations;
+    state.report.ended_at_start = any_free(problem) && result.accepted == 0;
+}
+
+/// A search may lose a parameter in a region where the function no longer depends on it.
+bool has_idle_parameter(const FitState& state) {
+    const Flags& idle = state.report.without_influence;
+    return std::find(idle.begin(), idle.end(), true) != idle.end();
 }
 
 /// The direct solver gives no standard deviations of its own: they come with the statistics.
@@ -86,10 +106,11 @@ void complete_linear_result(FitState& state) {
     state.report.singular = state.report.freedom > 0 && !state.report.has_correlation;
 }
 
-std::string single_text(double value) {
+std::string single_text(std::optional<double> value) {
     constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
-    return std::fabs(value) <= most ? numbers::general(static_cast<float>(value))
-                                    : numbers::general(value);
+    if (!value) return "---";
+    return std::fabs(*value) <= most ? numbers::general(static_cast<float>(*value))
+                                     : numbers::general(*value);
 }
 
 }  // namespace
@@ -99,8 +120,8 @@ std::vector<datafiles::FitPoint> fit_points(std::span<const datafiles::MeasuredP
     std::vector<datafiles::FitPoint> points;
     for (const datafiles::MeasuredPoint& measured : data) {
         const double y = datafiles::fit_column_value(measured, column);
-        const bool inactive = measured.skip != 0 || y == 0;
-        points.push_back({narrow(measured.T), narrow(y), inactive ? kInactive : 0.0F});
+        if (y == 0) continue;
+        points.push_back({narrow(measured.T), narrow(y), measured.skip != 0 ? kInactive : 0.0F});
     }
     return points;
 }
@@ -121,6 +142,7 @@ std::optional<std::string> set_fit_points(FitState& state, std::vector<datafiles
             point.mark = kInactive;
         if (!is_active(point)) ++state.inactive_count;
     }
+    put_active_points_first(state.points);
     return note;
 }
 
@@ -145,11 +167,12 @@ FitProblem make_problem(const FitState& state, const FitModelRow& row) {
     return problem;
 }
 
-Result<FitState> run_fit(FitState state) {
+Result<FitState> fit_from_start(FitState state) {
     const FitModelRow* row = find_model(state.model);
     if (row == nullptr) return Failure{"There is no such model."};
     if (std::string reason = refusal(state, *row); !reason.empty())
         return Failure{std::move(reason)};
+    put_active_points_first(state.points);
     FitProblem problem = make_problem(state, *row);
     if (row->basis != nullptr) {
         if (const Result<void> linear = run_linear(state, *row, problem); !linear)
@@ -160,6 +183,7 @@ Result<FitState> run_fit(FitState state) {
     if (row->computed >= 0)
         state.parameters[static_cast<std::size_t>(row->computed)] =
             thodos_d(state.parameters[1], problem.context);
+    state.report.start = state.start;
     fill_statistics(state, *row, problem);
     if (row->basis != nullptr) complete_linear_result(state);
     state.residual_deviation =
@@ -168,6 +192,25 @@ Result<FitState> run_fit(FitState state) {
                   0);
     state.fitted = true;
     return state;
+}
+
+Result<FitState> run_fit(FitState state) {
+    Result<FitState> first = fit_from_start(state);
+    if (!first || is_linear(*first)) return first;
+    const bool worthless = is_worthless(*first);
+    if (!worthless && !has_idle_parameter(*first)) return first;
+    const Result<Parameters> proposal = proposed_start_values(*first);
+    if (!proposal) return first;
+    const Parameters shown = state.start;
+    state.start = *proposal;
+    Result<FitState> second = fit_from_start(std::move(state));
+    if (!second || !is_better(*second, *first)) {
+        if (worthless) first->report.second_try = SecondTry::NoBetter;
+        return first;
+    }
+    second->start = shown;
+    second->report.second_try = SecondTry::Better;
+    return second;
 }
 
 void take_result_as_start(FitState& state, int parameter) {
@@ -189,8 +232,8 @@ QualityTexts quality_of(const FitState& state) {
     texts.caption =
         "Quality of the fitting (N = " + std::to_string(state.point_count - state.inactive_count) +
         ", NPar = " + std::to_string(state.parameter_count) + ")";
-    texts.sum_of_squares = "SQ = " + single_text(state.sum_of_squares);
-    texts.residual_deviation = "s(R) = " + single_text(state.residual_deviation);
+    texts.sum_of_squares = "SQ = " + single_text(sum_of_squares(state));
+    texts.residual_deviation = "s(R) = " + single_text(residual_deviation(state));
     texts.explain_sum_of_squares =
         logarithmic ? "sum of squares SQ = sum[ln((" + y + "(i),calc) - ln(" + y + "(i),exp))^2]"
                     : "sum of squares SQ = sum[(" + y + "(i),calc - " + y + "(i),exp)^2]";

@@ -11,12 +11,12 @@
 
 namespace quor::estimation {
 
-/// The points of a column of experimental data (1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp). Lines that are
-/// switched off, and lines without a value, are inactive.
+/// The points of a column of experimental data (1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp). Lines without a
+/// value in that column are no points; those that are switched off are inactive.
 std::vector<datafiles::FitPoint> fit_points(std::span<const datafiles::MeasuredPoint> data,
                                             int column);
-/// Takes points from the T-p-V editor or the XY editor. Points at x = 0 count as inactive. Gives a
-/// note when there are more than can be used.
+/// Takes points from the T-p-V editor or the XY editor. Points at x = 0 count as inactive; all
+/// inactive ones are put behind the others. Gives a note when there are more than can be used.
 std::optional<std::string> set_fit_points(FitState& state, std::vector<datafiles::FitPoint> points,
                                           bool from_measured_data);
 
@@ -26,7 +26,10 @@ std::string fit_title(const FitState& state);
 /// The problem of the chosen model and the points of a state, which must outlive it.
 FitProblem make_problem(const FitState& state, const FitModelRow& row);
 
-/// Validates, runs the engine and gives the state with its results (`cmdStart`).
+/// Validates, runs the engine once from the start values and gives the state with its results.
+Result<FitState> fit_from_start(FitState state);
+/// The same (`cmdStart`), and where the start values fail once more from the proposed ones: the
+/// better fit is given, and its report says so. The start fields stay as they were.
 Result<FitState> run_fit(FitState state);
 
 /// Copies a result, or all of them, to the start fields.

@@ -15,6 +15,10 @@ constexpr double kConfidence = 0.95;
 /// value.
 constexpr double kStep = 6e-6;
 constexpr double kLeastScale = 1e-3;
+/// Share of the sum of squares that a step may still take away at a minimum. Derivatives by
+/// differences turn nearly dependent columns by a hundredth.
+constexpr double kLeastGain = 1e-2;
+constexpr double kSingleRounding = 1e-7;
 
 /// Residual of a point and its derivatives with respect to all parameters; false where they cannot
 /// be had.
@@ -49,11 +53,9 @@ void fill_deviations(FitState& state, const FitProblem& problem, const Parameter
         if (!is_active(point)) continue;
         const double measured = static_cast<double>(point.y);
         double y = 0;
-        if (!evaluate_model(problem, par, static_cast<double>(point.x), y)) {
-            ++report.failed_points;
-            continue;
-        }
-        if (measured == 0) continue;
+        const bool there = evaluate_model(problem, par, static_cast<double>(point.x), y);
+        if (!there || (problem.logarithmic && !(y > 0 && measured > 0))) ++report.failed_points;
+        if (!there || measured == 0) continue;
         const double deviation = 100 * (y - measured) / std::fabs(measured);
         if (!std::isfinite(deviation)) continue;
         sum += std::fabs(deviation);
@@ -86,33 +88,60 @@ Sensitivities sensitivities_at(const Parameters& par, FitProblem problem, BasisF
     return result;
 }
 
-/// The parameters that the points determine; free ones without influence are marked in the report.
-std::vector<std::size_t> adjusted_parameters(const FitProblem& problem,
-                                             const std::vector<Parameters>& derivatives,
-                                             FitReport& report) {
-    std::vector<std::size_t> adjusted;
+/// The free parameters that the function depends on; the others are marked in the report.
+std::vector<std::size_t> influential_parameters(const FitProblem& problem,
+                                                const std::vector<Parameters>& derivatives,
+                                                FitReport& report) {
+    std::vector<std::size_t> influential;
     for (std::size_t j = 0; j < static_cast<std::size_t>(problem.parameter_count); ++j) {
-        if (problem.fixed[j] || report.on_bound[j]) continue;
+        if (problem.fixed[j]) continue;
         const bool influence = std::any_of(derivatives.begin(), derivatives.end(),
                                            [j](const Parameters& d) { return d[j] != 0; });
-        report.without_influence[j] = !influence && !derivatives.empty();
-        if (influence) adjusted.push_back(j);
+        report.without_influence[j] = !influence && !derivatives.empty() && !report.on_bound[j];
+        if (influence) influential.push_back(j);
     }
-    return adjusted;
+    return influential;
 }
 
-void fill_intervals(FitReport& report, const Sensitivities& found, const Parameters& scale,
-                    const std::vector<std::size_t>& adjusted) {
+/// The linear problem of a step from the parameters: derivatives of the adjusted ones, residuals.
+ReducedProblem reduced_step(const Sensitivities& found, const std::vector<std::size_t>& adjusted,
+                            double dependent) {
     std::vector<LeastSquaresRow> rows(found.residuals.size());
-    double squares = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         for (std::size_t k = 0; k < adjusted.size(); ++k)
             rows[i][k] = found.derivatives[i][adjusted[k]];
-        squares += found.residuals[i] * found.residuals[i];
+        rows[i][kMaxPar] = found.residuals[i];
     }
-    const ReducedProblem reduced = reduce(rows, static_cast<int>(adjusted.size()));
-    if (!reduced.regular || !std::isfinite(squares)) return;
+    return reduce(rows, static_cast<int>(adjusted.size()), dependent);
+}
 
+double squares_of(const Sensitivities& found) {
+    double squares = 0;
+    for (const double r : found.residuals) squares += r * r;
+    return squares;
+}
+
+/// The sum of squares that rounding of the points to 32 bits leaves of any function.
+double rounding_of(const FitProblem& problem) {
+    double squares = 0;
+    for (const datafiles::FitPoint& point : problem.points) {
+        if (!is_active(point)) continue;
+        const double size = problem.logarithmic ? 1 : static_cast<double>(point.y);
+        squares += size * size;
+    }
+    return squares * kSingleRounding * kSingleRounding;
+}
+
+/// True when the residuals stand upright on the derivatives, as at a minimum: a step would take
+/// away next to nothing of their squares (D. M. Bates and D. G. Watts, Technometrics 23 (1981)
+/// 179).
+bool is_minimum(const ReducedProblem& step, double squares, double rounding) {
+    return squares <= rounding || squares - step.rest_squares <= kLeastGain * squares;
+}
+
+void fill_intervals(FitReport& report, const ReducedProblem& reduced, double squares,
+                    const Parameters& scale, const std::vector<std::size_t>& adjusted) {
+    if (!reduced.regular || !std::isfinite(squares)) return;
     const std::array<Parameters, kMaxPar> inverse = inverse_normal_matrix(reduced);
     const double t = student_t_quantile(0.5 * (1 + kConfidence), report.freedom);
     const double variance = squares / report.freedom;
@@ -142,44 +171,27 @@ void fill_statistics(FitState& state, const FitModelRow& row, const FitProblem& 
     fill_deviations(state, problem, par);
 
     const Sensitivities found = sensitivities_at(par, problem, row.basis);
-    const std::vector<std::size_t> adjusted =
-        adjusted_parameters(problem, found.derivatives, report);
+    const std::vector<std::size_t> influential =
+        influential_parameters(problem, found.derivatives, report);
+    std::vector<std::size_t> adjusted = influential;
+    std::erase_if(adjusted, [&](std::size_t i) { return report.on_bound[i]; });
     report.freedom = static_cast<int>(found.residuals.size()) - static_cast<int>(adjusted.size());
-    if (!adjusted.empty() && report.freedom > 0)
-        fill_intervals(report, found, problem.scale, adjusted);
-}
-
-std::vector<std::string> fit_notes(const FitState& state) {
-    std::vector<std::string> notes;
-    const FitModelRow* row = find_model(state.model);
-    if (row == nullptr || !state.fitted) return notes;
-    const FitReport& report = state.report;
-    const auto named = [&](const Flags& flags) {
-        std::string names;
-        for (std::size_t i = 0; i < static_cast<std::size_t>(row->parameter_count); ++i) {
-            if (!flags[i]) continue;
-            const std::string label(row->labels[i]);
-            names += (names.empty() ? "" : ", ") + label.substr(0, label.find(' '));
-        }
-        return names;
-    };
-    if (report.ended_at_limit)
-        notes.emplace_back(
-            "The fit ended at its limit of evaluations: the parameters may not be the best ones.");
-    if (const std::string names = named(report.on_bound); !names.empty())
-        notes.emplace_back("On a bound of its range: " + names + ".");
-    if (const std::string names = named(report.without_influence); !names.empty())
-        notes.emplace_back("Without influence on the function: " + names + ".");
-    if (report.singular)
-        notes.emplace_back("The normal matrix was singular: there are no standard deviations.");
-    if (report.ended_at_start) notes.emplace_back("The fit ended where it started.");
-    if (report.failed_evaluations > 0)
-        notes.emplace_back(std::to_string(report.failed_evaluations) +
-                           " evaluations of the function failed.");
-    if (report.failed_points > 0)
-        notes.emplace_back("The fitted function has no value at " +
-                           std::to_string(report.failed_points) + " of the active points.");
-    return notes;
+    const double squares = squares_of(found);
+    const double rounding = rounding_of(problem);
+    if (influential.size() > adjusted.size()) {
+        const ReducedProblem beyond = reduced_step(found, influential, kDependent);
+        report.bound_costs = !beyond.regular || !is_minimum(beyond, squares, rounding);
+    }
+    if (adjusted.empty()) report.at_minimum = !any_free(problem) || !influential.empty();
+    if (adjusted.empty() || report.freedom <= 0) return;
+    const ReducedProblem step =
+        reduced_step(found, adjusted, row.basis != nullptr ? kDependentExact : kDependent);
+    report.undetermined = !step.regular;
+    // The direct solver knows no other end than the minimum.
+    if (row.basis == nullptr)
+        report.at_minimum =
+            step.regular ? is_minimum(step, squares, rounding) : !report.ended_at_start;
+    fill_intervals(report, step, squares, problem.scale, adjusted);
 }
 
 }  // namespace quor::estimation

@@ -189,6 +189,26 @@ CriticalData joback_critical(const GroupCounts& groups, std::optional<double> Tb
     return result;
 }
 
+std::vector<std::string> implausible_values(const CriticalData& data) {
+    std::vector<std::string> notes;
+    const auto positive = [&](const std::optional<double>& value, const std::string& name) {
+        if (value && !(*value > 0))
+            notes.push_back(name + " is not plausible: it is not positive.");
+    };
+    const auto ascending = [&](const std::optional<double>& low, const std::string& low_name,
+                               const std::optional<double>& high, const std::string& high_name) {
+        if (low && high && !(*low < *high))
+            notes.push_back(low_name + " is not plausible: it is not below " + high_name + ".");
+    };
+    positive(data.Tf, "T(f)");
+    positive(data.Tb, "T(LV),NP");
+    positive(data.Tc, "T(cr)");
+    positive(data.vc, "v(cr)");
+    ascending(data.Tf, "T(f)", data.Tb, "T(LV),NP");
+    ascending(data.Tb, "T(LV),NP", data.Tc, "T(cr)");
+    return notes;
+}
+
 std::optional<double> lee_kesler_omega(double Tb, double Tc, double pc) {
     if (!(Tb > kPresent) || !(Tc > kPresent) || !(pc > kPresent) || !(Tb < Tc)) return std::nullopt;
     const double theta = Tb / Tc;

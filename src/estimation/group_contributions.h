@@ -51,6 +51,10 @@ std::optional<double> joback_boiling_point(const GroupCounts& groups);
 /// set.
 CriticalData joback_critical(const GroupCounts& groups, std::optional<double> Tb = std::nullopt);
 
+/// What among estimated critical data no substance can have, one sentence each: a temperature or
+/// pressure that is not positive, a freezing point above the boiling point, and the like.
+std::vector<std::string> implausible_values(const CriticalData& data);
+
 /// Acentric factor of B. I. Lee and M. G. Kesler (AIChE J. 21 (1975) 510) from Tb/K, Tc/K and
 /// pc/kPa. Nothing unless all are present and Tb lies below Tc.
 std::optional<double> lee_kesler_omega(double Tb, double Tc, double pc);

@@ -7,9 +7,6 @@ namespace quor::estimation {
 
 namespace {
 
-/// A column of unit length counts as dependent on the others when less than this is left of it.
-constexpr double kDependent = 1e-8;
-
 /// Few columns, any number of rows.
 using Matrix =
     Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::ColMajor, Eigen::Dynamic, kMaxPar>;
@@ -27,7 +24,7 @@ Square triangle_of(const ReducedProblem& problem) {
 
 }  // namespace
 
-ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns) {
+ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns, double dependent) {
     ReducedProblem problem;
     problem.columns = columns;
     const auto n = static_cast<std::size_t>(columns);
@@ -45,6 +42,7 @@ ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns) {
     for (Eigen::Index j = 0; j < columns; ++j) {
         const double squares = coefficients.col(j).squaredNorm();
         problem.norm[static_cast<std::size_t>(j)] = std::sqrt(squares);
+        problem.dependent_column = static_cast<int>(j);
         if (!(squares > 0) || !std::isfinite(squares)) return problem;
         coefficients.col(j) /= std::sqrt(squares);
     }
@@ -57,8 +55,10 @@ ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns) {
         for (Eigen::Index j = i; j < columns; ++j)
             row[static_cast<std::size_t>(j)] = qr.matrixQR()(i, j);
         row[kMaxPar] = target(i);
-        if (!(std::fabs(row[static_cast<std::size_t>(i)]) > kDependent)) return problem;
+        problem.dependent_column = static_cast<int>(i);
+        if (!(std::fabs(row[static_cast<std::size_t>(i)]) > dependent)) return problem;
     }
+    problem.dependent_column = -1;
     problem.rest_squares = target.tail(count - columns).squaredNorm();
     problem.regular = true;
     return problem;

@@ -16,10 +16,16 @@ struct ReducedProblem {
     Parameters norm{};                         ///< length of each column
     double rest_squares = 0;                   ///< sum of the squares of the residuals
     bool regular = false;                      ///< no column depends on the others
+    int dependent_column = -1;                 ///< the first that does
 };
 
+/// What must be left of a column of unit length, or it counts as dependent on those before it:
+/// where coefficients come from differences, and where they are exact but for rounding.
+inline constexpr double kDependent = 1e-8, kDependentExact = 1e-13;
+
 /// Reduces rows. The right-hand side stands in the last element of each.
-ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns);
+ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns,
+                      double dependent = kDependent);
 /// Solution of a regular problem.
 Parameters solution(const ReducedProblem& problem);
 /// Inverse of the normal matrix of a regular problem.

@@ -2,17 +2,19 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
+#include <limits>
+#include <vector>
 
 #include "common/faults.h"
+#include "estimation/least_squares.h"
 #include "estimation/model_functions.h"
 
 namespace quor::estimation {
 
 namespace {
 
-using Row = std::array<double, kMaxPar + 1>;
-using NormalEquations = std::array<Row, kMaxPar>;
+/// The first pass solves, the others take rounding errors away.
+constexpr int kPasses = 4;
 
 /// Parameters of the combi-expression whose basis needs x > 0.
 constexpr std::array<std::size_t, 3> kNeedPositiveX{4, 5, 6};
@@ -22,65 +24,85 @@ bool x_must_be_positive(const FitProblem& problem, BasisFunction basis) {
                                                [&](std::size_t i) { return !problem.fixed[i]; });
 }
 
-/// Basis functions at x, 0 for parameters that are left out.
-Parameters basis_at(const FitProblem& problem, BasisFunction basis, double x) {
-    Parameters b{};
-    basis(x, b);
-    for (std::size_t i = 0; i < kMaxPar; ++i)
-        if (problem.fixed[i]) b[i] = 0;
-    return b;
-}
+/// A linear problem over its active points.
+struct Regression {
+    const FitProblem& problem;
+    std::vector<Parameters> basis{};      // of every active point
+    std::vector<double> x{}, y{};         // of every active point
+    std::vector<std::size_t> terms{};     // parameters that are adjusted
+    std::vector<LeastSquaresRow> rows{};  // kept for their memory
 
-/// Gauss-Jordan elimination in place. A column without a pivot is left alone.
-void eliminate(NormalEquations& m, std::size_t n) {
-    for (std::size_t c = 0; c < n; ++c) {
-        if (m[c][c] == 0) {
-            std::size_t r = c + 1;
-            while (r < n && m[r][c] == 0) ++r;
-            if (r == n) continue;
-            std::swap(m[c], m[r]);
+    Regression(const FitProblem& p, BasisFunction functions) : problem(p) {
+        for (const datafiles::FitPoint& point : problem.points) {
+            if (!is_active(point)) continue;
+            x.push_back(static_cast<double>(point.x));
+            y.push_back(static_cast<double>(point.y));
+            functions(x.back(), basis.emplace_back());
         }
-        const double pivot = m[c][c];
-        for (std::size_t k = 0; k <= n; ++k) m[c][k] /= pivot;
-        for (std::size_t r = 0; r < n; ++r) {
-            if (r == c) continue;
-            const double factor = m[r][c];
-            for (std::size_t k = 0; k <= n; ++k) m[r][k] -= factor * m[c][k];
+        for (std::size_t i = 0; i < static_cast<std::size_t>(problem.parameter_count); ++i)
+            if (!problem.fixed[i]) terms.push_back(i);
+        rows.resize(basis.size());
+    }
+
+    /// Sum of squares of the function itself at `par`, infinite where it has no value; the
+    /// residuals become the right-hand side of the rows.
+    double residuals(const Parameters& par) {
+        double sum = 0;
+        for (std::size_t k = 0; k < rows.size(); ++k) {
+            double calculated = 0;
+            if (!evaluate_model(problem, par, x[k], calculated))
+                return std::numeric_limits<double>::infinity();
+            rows[k][kMaxPar] = y[k] - calculated;
+            sum += rows[k][kMaxPar] * rows[k][kMaxPar];
+        }
+        return sum;
+    }
+
+    ReducedProblem reduced() {
+        for (std::size_t k = 0; k < rows.size(); ++k)
+            for (std::size_t c = 0; c < terms.size(); ++c) rows[k][c] = basis[k][terms[c]];
+        return reduce(rows, static_cast<int>(terms.size()), kDependentExact);
+    }
+
+    /// Leaves out each term that depends on those before it. False for sums beyond every number.
+    bool leave_dependent_terms() {
+        for (;;) {
+            const ReducedProblem problem_now = reduced();
+            if (problem_now.regular || terms.empty()) return true;
+            const int column = problem_now.dependent_column;
+            if (column < 0) {  // there are more terms than points
+                terms.pop_back();
+                continue;
+            }
+            if (!std::isfinite(problem_now.norm[static_cast<std::size_t>(column)])) return false;
+            terms.erase(terms.begin() + column);
         }
     }
-}
+};
 
 }  // namespace
 
 Result<LinearResult> linear_regression_fit(const FitProblem& problem, BasisFunction basis) {
-    const auto n = static_cast<std::size_t>(problem.parameter_count);
-    const bool positive = x_must_be_positive(problem, basis);
-    NormalEquations m{};
-    for (const datafiles::FitPoint& point : problem.points) {
-        if (!is_active(point)) continue;
-        if (positive && !(point.x > 0))
-            return Failure{
-                "For this fitting model all actíve x-values have to be greater than zero."};
-        const Parameters b = basis_at(problem, basis, static_cast<double>(point.x));
-        for (std::size_t i = 0; i < n; ++i) {
-            for (std::size_t j = 0; j < n; ++j) m[i][j] += b[i] * b[j];
-            m[i][n] += b[i] * static_cast<double>(point.y);
-        }
-    }
-    eliminate(m, n);
+    if (x_must_be_positive(problem, basis) &&
+        std::any_of(problem.points.begin(), problem.points.end(),
+                    [](const datafiles::FitPoint& p) { return is_active(p) && !(p.x > 0); }))
+        return Failure{"For this fitting model all actíve x-values have to be greater than zero."};
+    Regression regression(problem, basis);
+    if (!regression.leave_dependent_terms()) return Failure{faults::kOverflow};
 
-    Parameters result{};
-    for (std::size_t i = 0; i < n; ++i) result[i] = m[i][n];
-    double sum = 0;
-    for (const datafiles::FitPoint& point : problem.points) {
-        if (!is_active(point)) continue;
-        const Parameters b = basis_at(problem, basis, static_cast<double>(point.x));
-        double residual = -static_cast<double>(point.y);
-        for (std::size_t i = 0; i < n; ++i) residual += result[i] * b[i];
-        sum += residual * residual;
+    LinearResult best;
+    best.sum_squares = regression.residuals(best.par);
+    for (int pass = 0; pass < kPasses && !regression.terms.empty(); ++pass) {
+        const Parameters step = solution(regression.reduced());
+        Parameters next = best.par;
+        for (std::size_t c = 0; c < regression.terms.size(); ++c)
+            next[regression.terms[c]] += step[c];
+        const double sum = regression.residuals(next);
+        if (!(sum < best.sum_squares)) break;
+        best = {sum, next};
     }
-    if (!std::isfinite(sum)) return Failure{faults::kOverflow};
-    return LinearResult{sum, result};
+    if (!std::isfinite(best.sum_squares)) return Failure{faults::kOverflow};
+    return best;
 }
 
 }  // namespace quor::estimation

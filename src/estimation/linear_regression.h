@@ -10,9 +10,10 @@ struct LinearResult {
     Parameters par{};
 };
 
-/// Direct least squares of the models that are linear in their parameters. A fixed parameter is
-/// left out of the model: its result is 0. Refused when a parameter of 1/x, 1/x^2 or ln x is free
-/// and an active x is not positive, and for sums beyond every number.
+/// Direct least squares of the models that are linear in their parameters, by Householder
+/// reflections with iterative refinement. A fixed parameter is left out of the model: its result
+/// is 0, and so is that of a term that depends on those before it. Refused when a parameter of 1/x,
+/// 1/x^2 or ln x is free and an active x is not positive, and for sums beyond every number.
 Result<LinearResult> linear_regression_fit(const FitProblem& problem, BasisFunction basis);
 
 }  // namespace quor::estimation

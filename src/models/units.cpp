@@ -25,9 +25,8 @@ void set_reduced(Units& u, const Fluid& fluid) {
         u.T_label = "T(red)";
     }
     if (s.pcrit > 0) {
-        // The label of T names p here: the kPa label stays as it is.
         u.p = static_cast<float>(1.0 / s.pcrit);
-        u.T_label = "p(red)";
+        u.p_label = "p(red)";
     }
 }
 

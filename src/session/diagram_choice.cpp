@@ -1,5 +1,7 @@
 #include "session/diagram_choice.h"
 
+#include "datafiles/search.h"
+
 namespace quor::session {
 
 diagrams::Basis present_basis(const Session& session) {
@@ -27,6 +29,12 @@ void keep_start(Session& session, const diagrams::DiagramStart& start) {
     now->diagram_at = start.at;
     now->coordinates = start.limits;
     now->new_substance_diagram = start.new_substance;
+}
+
+std::string short_name(const Session& session, const models::SubstanceRecord& substance) {
+    const auto place = datafiles::find_by_casrn(session->database, substance.casrn);
+    return place ? datafiles::short_name_of(session->database.entries()[*place].name)
+                 : substance.name;
 }
 
 void renew_limits(Session& session) {

@@ -23,4 +23,7 @@ void keep_start(Session& session, const diagrams::DiagramStart& start);
 /// The limits of diagrams are proposed anew for the present models and units.
 void renew_limits(Session& session);
 
+/// A substance's name for the title of a file; the open database may know a shorter one.
+std::string short_name(const Session& session, const models::SubstanceRecord& substance);
+
 }  // namespace quor::session

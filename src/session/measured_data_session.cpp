@@ -106,7 +106,8 @@ bool load_measured_data(Session& session, const std::string& name, bool append) 
     if (!file || !may_load(session, file->data.casrn)) return false;
 
     MeasuredData data = append ? session->measured : MeasuredData{};
-    const bool first = data.points.empty();
+    const std::size_t before = data.points.size();
+    const bool first = before == 0;
     if (data.points.size() + file->data.points.size() > datafiles::kMostMeasuredPoints) {
         dialogs::tell("There is room for " + std::to_string(datafiles::kMostMeasuredPoints) +
                           " sets of data only.",
@@ -120,9 +121,13 @@ bool load_measured_data(Session& session, const std::string& name, bool append) 
     } else {
         data.points.insert(data.points.end(), file->data.points.begin(), file->data.points.end());
     }
-    const auto now = session.change();
-    now->measured = std::move(data);
-    now->folder_measured = paths::folder_of(path);
+    {
+        const auto now = session.change();
+        now->measured = std::move(data);
+        now->measured_unsaved = !first;
+        now->folder_measured = paths::folder_of(path);
+    }
+    tell_wrong_lines(file->wrong, before);
     return true;
 }
 
@@ -143,12 +148,14 @@ bool save_measured_data(Session& session) {
     data.casrn = text::pad_right(data.casrn, datafiles::kCasrnLength);
     const auto now = session.change();
     now->measured = std::move(data);
+    now->measured_unsaved = false;
     now->folder_measured = paths::folder_of(path);
     return true;
 }
 
-bool may_leave_measured_data(Session& session, bool changed) {
-    return !changed || !ask_to_save_now() || save_measured_data(session);
+bool may_leave_measured_data(Session& session) {
+    return !session->measured_unsaved ||
+           may_leave_unsaved([&session] { return save_measured_data(session); });
 }
 
 bool save_measured_column(Session& session, int column) {
@@ -163,7 +170,9 @@ bool save_measured_column(Session& session, int column) {
 }
 
 void clear_measured_data(Session& session) {
-    session.change()->measured = {};
+    const auto now = session.change();
+    now->measured = {};
+    now->measured_unsaved = false;
 }
 
 }  // namespace quor::session

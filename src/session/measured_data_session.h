@@ -15,9 +15,9 @@ bool load_measured_data(Session& session, const std::string& name, bool append);
 
 /// Asks for a name and writes the experimental data. False when nothing was written.
 bool save_measured_data(Session& session);
-/// Before data are left: asks whether to save when they are `changed`. True when they may be left,
-/// because there is nothing to save, they are saved, or the user does not want to.
-bool may_leave_measured_data(Session& session, bool changed);
+/// Before data are left: asks whether to save unsaved ones. True when they may be left, because
+/// there is nothing to save, they are saved, or the user does not want to.
+bool may_leave_measured_data(Session& session);
 
 /// Asks for a name and writes T and one column (1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp) of the active
 /// sets that have a value there as .XY. False when nothing was written.

@@ -21,6 +21,26 @@ double volume_factor(const Session& session) {
     }
 }
 
+/// The units of a choice; refused where the substance has not what they need.
+Result<models::Units> units_of(const Session& session, const OptionChoice& c) {
+    using models::UnitSystem;
+    const models::UnitChoice units{
+        .system = c.reduced    ? UnitSystem::reduced
+                  : c.specific ? UnitSystem::specific
+                               : UnitSystem::molar,
+        .caloric = c.specific ? models::CaloricUnit::specific : models::CaloricUnit::molar,
+        .T_of_RT = session->diagram_at.T};
+    try {
+        return models::make_units(units, session.fluid());
+    } catch (const faults::Fault& fault) {
+        return Failure{fault.what()};
+    }
+}
+
+bool differ(const Session& session, const models::Units& chosen) {
+    return chosen.caloric != session->caloric_factor || chosen.v != volume_factor(session);
+}
+
 }  // namespace
 
 OptionChoice open_options(Session& session) {
@@ -39,26 +59,21 @@ OptionChoice open_options(Session& session) {
     return c;
 }
 
+bool changes_units(const Session& session, const OptionChoice& c) {
+    const Result<models::Units> chosen = units_of(session, c);
+    return chosen && differ(session, *chosen);
+}
+
 bool apply_options(Session& session, const OptionChoice& c) {
-    using models::UnitSystem;
-    const models::UnitChoice units{
-        .system = c.reduced    ? UnitSystem::reduced
-                  : c.specific ? UnitSystem::specific
-                               : UnitSystem::molar,
-        .caloric = c.specific ? models::CaloricUnit::specific : models::CaloricUnit::molar,
-        .T_of_RT = session->diagram_at.T};
-    models::Units chosen;
-    try {
-        chosen = models::make_units(units, session.fluid());
-    } catch (const faults::Fault& fault) {
-        dialogs::tell(fault.what(), dialogs::kNotPossible, dialogs::Icon::Stop);
+    const Result<models::Units> chosen = units_of(session, c);
+    if (!chosen) {
+        dialogs::tell(chosen.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return false;
     }
     const auto now = session.change();
-    now->units_changed =
-        chosen.caloric != now->caloric_factor || chosen.v != volume_factor(session);
-    now->unit_system = chosen.choice.system;
-    now->caloric_unit = units.caloric;
+    now->units_changed = differ(session, *chosen);
+    now->unit_system = chosen->choice.system;
+    now->caloric_unit = chosen->choice.caloric;
     now->curve_options = {.points = std::clamp(c.points, kMinPoints, kMaxPoints),
                           .real_range_only = c.real_range,
                           .s_without_tie_line = c.s_without_tie_line,

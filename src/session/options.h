@@ -24,6 +24,9 @@ inline constexpr int kMaxPoints = 800;
 /// molar.
 OptionChoice open_options(Session& session);
 
+/// True when a choice brings other units, in which the axes of an open diagram are not valid.
+bool changes_units(const Session& session, const OptionChoice& choice);
+
 /// Takes a choice over: units and their factors, curve options, the mode of the Calculation menu.
 /// `units_changed` of the session tells whether a factor changed; the limits of diagrams follow.
 /// False when the units cannot be had (no molar mass): a message tells it and nothing changes.

@@ -63,34 +63,58 @@ void apply_settings(Session& session, const ProjectSettings& settings) {
     });
 }
 
-/// The file of a project's database, as `open_database` takes it.
-std::string database_of(const Session& session, const std::string& title,
-                        const std::string& project_folder) {
-    return datafiles::find_database(title, project_folder, session.places(),
-                                    session->database_folders);
-}
-
 void tell_no_database(const std::string& title) {
     dialogs::tell("Database of the project " + title + "not found in the QUOR directory ",
                   dialogs::kNotPossible, dialogs::Icon::Stop);
 }
 
-/// Opens the database of a project. False when there is none at all.
-bool open_project_database(Session& session, const std::string& title,
-                           const std::string& project_folder) {
-    if (open_database(session, database_of(session, title, project_folder))) {
-        session.change()->database_file = title;
-        return true;
-    }
+/// A database with the title that a session knows it by.
+struct TitledDatabase {
+    datafiles::Database database{};
+    std::string title{};
+};
+
+/// The database of a project, or the open one where that cannot be had, which is told.
+std::optional<TitledDatabase> first_database(Session& session, const std::string& title,
+                                             const std::string& project_folder) {
+    if (Result<datafiles::Database> own =
+            read_database(session, datafiles::find_database(title, project_folder, session.places(),
+                                                            session->database_folders)))
+        return TitledDatabase{*std::move(own), title};
     if (!session->database.is_open()) {
         tell_no_database(title);
-        return false;
+        return std::nullopt;
     }
     dialogs::tell("Database of the project " + title +
                       "not found in the QUOR directory or empty resp.\nThe actual database " +
                       session->database_file + " is still activ.",
                   "Hint", dialogs::Icon::Exclamation);
-    return true;
+    return TitledDatabase{session->database, session->database_file};
+}
+
+/// Says that a database lacks the substance of a project, and asks for another one; nothing when
+/// the user gives up.
+std::optional<TitledDatabase> ask_for_database(Session& session, const std::string& casrn,
+                                               const std::string& lacking) {
+    if (!dialogs::ask("The substance of this project,\n" + known_name(session, casrn) +
+                          ",\nis not in the database " + lacking + ".\n\nChoose another database?",
+                      "WARNING", dialogs::Icon::Exclamation))
+        return std::nullopt;
+    const std::optional<std::string> path = choose_database(session);
+    if (!path || path->empty()) return std::nullopt;
+    Result<datafiles::Database> chosen = read_database(session, *path);
+    if (chosen) return TitledDatabase{*std::move(chosen), paths::file_title(*path)};
+    dialogs::tell(chosen.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
+    return TitledDatabase{{}, paths::file_title(*path)};
+}
+
+/// A database that has the substance of a project; nothing, which is told, when there is none.
+std::optional<TitledDatabase> database_for(Session& session, const ProjectContent& project,
+                                           const std::string& project_folder) {
+    std::optional<TitledDatabase> found = first_database(session, project.database, project_folder);
+    while (found && !datafiles::find_by_casrn(found->database, project.casrn))
+        found = ask_for_database(session, project.casrn, found->title);
+    return found;
 }
 
 void tell_no_critical_data(const Session& session) {
@@ -114,6 +138,7 @@ void read_project_substance(Session& session, const std::string& casrn, ProjectR
     if (!read) {
         // No data of an earlier substance stay behind an empty selection.
         now->substance_number = 0;
+        now->applied_unsaved = false;
         substance = {};
         return;
     }
@@ -167,21 +192,6 @@ std::optional<ProjectContent> read_or_tell(const std::string& path) {
     if (project) return *project;
     dialogs::tell(project.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
     return std::nullopt;
-}
-
-ProjectResult load(Session& session, const std::string& path) {
-    const std::optional<ProjectContent> project = read_or_tell(path);
-    if (!project) return {};
-    if (!open_project_database(session, project->database, paths::folder_of(path))) return {};
-
-    const auto now = session.change();
-    reset_session(session);
-    ProjectResult result{.loaded = true};
-    read_project_substance(session, project->casrn, result);
-    apply_settings(session, project->settings);
-    derive_from_settings(session, project->manual_virial, result);
-    now->project_comment = project->comment;
-    return result;
 }
 
 void remember_project(Session& session, const std::string& path) {
@@ -274,16 +284,19 @@ std::optional<std::string> choose_project(Session& session) {
     return name && !name->empty() ? name : std::nullopt;
 }
 
-bool may_load_project(Session& session, const std::string& name) {
+std::optional<PreparedProject> prepare_project(Session& session, const std::string& name) {
     const std::string path = paths::in_folder(name, session->folder_projects);
-    const std::optional<ProjectContent> project = read_or_tell(path);
-    if (!project) return false;
-    const std::string database = database_of(session, project->database, paths::folder_of(path));
-    if (session->database.is_open() ||
-        datafiles::Database::open(session.places().find_file(database)))
-        return true;
-    tell_no_database(project->database);
-    return false;
+    std::optional<ProjectContent> content = read_or_tell(path);
+    if (!content) return std::nullopt;
+    if (text::trim(content->casrn).empty()) {
+        dialogs::tell("The project " + paths::file_title(path) + " names no substance.",
+                      dialogs::kNotPossible, dialogs::Icon::Stop);
+        return std::nullopt;
+    }
+    std::optional<TitledDatabase> found = database_for(session, *content, paths::folder_of(path));
+    if (!found) return std::nullopt;
+    return PreparedProject{path, *std::move(content), std::move(found->database),
+                           std::move(found->title)};
 }
 
 ProjectResult load_project(Session& session) {
@@ -291,12 +304,25 @@ ProjectResult load_project(Session& session) {
     return name ? load_project(session, *name) : ProjectResult{};
 }
 
-ProjectResult load_project(Session& session, const std::string& name) {
-    const std::string path = paths::in_folder(name, session->folder_projects);
-    const ProjectResult result = load(session, path);
+ProjectResult load_project(Session& session, const PreparedProject& project) {
+    const auto now = session.change();
+    now->database = project.database;
+    now->database_file = project.database_file;
+    add_database_folder(session, project.database.path().parent_path());
+    reset_session(session);
+    ProjectResult result{.loaded = true};
+    read_project_substance(session, project.content.casrn, result);
+    apply_settings(session, project.content.settings);
+    derive_from_settings(session, project.content.manual_virial, result);
+    now->project_comment = project.content.comment;
     // The last session is no project of the user's.
-    if (result.loaded && path != session->last_session_file) remember_project(session, path);
+    if (project.path != session->last_session_file) remember_project(session, project.path);
     return result;
+}
+
+ProjectResult load_project(Session& session, const std::string& name) {
+    const std::optional<PreparedProject> project = prepare_project(session, name);
+    return project ? load_project(session, *project) : ProjectResult{};
 }
 
 ProjectResult load_last_session(Session& session) {

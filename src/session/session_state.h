@@ -40,6 +40,7 @@ struct SessionState {
     std::filesystem::path synonym_file;  ///< that the synonyms were read from
     std::int16_t substance_number = 0;   ///< in the database, from 1; 0 for none
     bool substance_set = false;          ///< there is a substance that can be calculated with
+    bool applied_unsaved = false;        ///< it has parameters of a fit that no file holds
 
     // Fluid and reference state
     models::SubstanceRecord substance;
@@ -67,7 +68,9 @@ struct SessionState {
 
     // Measured data and points
     datafiles::MeasuredData measured;
-    datafiles::XyData xy;         ///< the XY editor's list
+    bool measured_unsaved = false;  ///< changed since they were loaded or saved
+    datafiles::XyData xy;           ///< the XY editor's list
+    bool xy_unsaved = false;
     datafiles::XyGraph xy_graph;  ///< that the XY editor draws
     FitSource fit_source = FitSource::xyList;
     std::int16_t fit_column = 1;  ///< of the measured data: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
@@ -94,6 +97,7 @@ struct SessionState {
     bool english = true;
     bool tips_hidden = false, tips_requested = false;
     bool diagram_note_pending = true, project_note_pending = true, synonym_note_pending = true;
+    bool isoline_note_pending = true;  ///< that p v^n = const is drawn without its program
 
     CommandStates commands;
 };

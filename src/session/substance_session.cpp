@@ -13,6 +13,7 @@
 #include "models/vapour_pressure.h"
 #include "session/commands.h"
 #include "session/measured_data_session.h"
+#include "session/questions.h"
 #include "session/take_models.h"
 
 namespace quor::session {
@@ -104,24 +105,33 @@ bool has_critical_data(const models::SubstanceRecord& s) {
 
 // ---------------------------------------------------------------------------------- the database
 
-Result<void> open_database(Session& session, const std::string& path) {
+Result<datafiles::Database> read_database(Session& session, const std::string& path) {
     const Failure unusable{"Database " + paths::file_title(path) + " not found or empty resp."};
     if (!session.places().file_exists(path)) return unusable;
     const BusyPointer busy(session);
     Result<datafiles::Database> opened =
         datafiles::Database::open(session.places().find_file(path), session->english);
     if (!opened) return unusable;
+    return opened;
+}
+
+Result<void> open_database(Session& session, const std::string& path) {
+    Result<datafiles::Database> opened = read_database(session, path);
+    if (!opened) return opened.failure();
     session.change()->database = *std::move(opened);
     return {};
 }
 
+std::optional<std::string> choose_database(const Session& session) {
+    return dialogs::choose_file({.title = "Select and load a database",
+                                 .filter = "Database (*.Q05)|*.Q05",
+                                 .folder = (session.places().data_folder() / "").string(),
+                                 .name = session->database_file,
+                                 .default_extension = ".Q05"});
+}
+
 LoadOutcome load_database(Session& session) {
-    const std::optional<std::string> path =
-        dialogs::choose_file({.title = "Select and load a database",
-                              .filter = "Database (*.Q05)|*.Q05",
-                              .folder = (session.places().data_folder() / "").string(),
-                              .name = session->database_file,
-                              .default_extension = ".Q05"});
+    const std::optional<std::string> path = choose_database(session);
     return path ? load_database(session, *path) : LoadOutcome::Cancelled;
 }
 
@@ -142,6 +152,21 @@ void add_database_folder(Session& session, const fs::path& folder) {
         session.change()->database_folders.push_back(folder);
 }
 
+std::string known_name(Session& session, const std::string& casrn) {
+    const std::string number = text::trim(casrn);
+    const std::optional<datafiles::SynonymHit> known = synonyms(session).find(number);
+    const std::string name = known ? text::trim(text::split(known->line, '_').front()) : "";
+    return name.empty() ? "CASRN " + number : name + " (CASRN " + number + ")";
+}
+
+std::optional<std::int16_t> exact_substance(Session& session, const std::string& search) {
+    if (text::trim(search).empty()) return std::nullopt;
+    const datafiles::Synonyms& known = synonyms(session);
+    const auto place = datafiles::find_substance(session->database, known, search);
+    if (place) return static_cast<std::int16_t>(*place + 1);
+    return datafiles::is_known(known, search) ? std::optional<std::int16_t>(0) : std::nullopt;
+}
+
 std::int16_t find_substance(Session& session, const std::string& search) {
     const Result<std::size_t> place =
         datafiles::find_substance(session->database, synonyms(session), search);
@@ -160,6 +185,7 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index) {
     if (!loaded) return loaded.failure();
     const auto now = session.change();
     now->substance = std::move(loaded->record);
+    now->applied_unsaved = false;
     // The equation in use stays where the substance has it; one without a measured set starts with
     // its first entry, whatever the substance before had.
     models::VapourPressureEquation& equation = now->models.vapour_pressure;
@@ -170,7 +196,19 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index) {
     return SubstanceRead{loaded->no_critical_data};
 }
 
+bool may_leave_substance(Session& session) {
+    if (!session->applied_unsaved) return true;
+    if (!may_leave_unsaved([&session] { return save_private_database(session); },
+                           "The parameters applied to " + session->substance.name +
+                               " live in this session only.\n"
+                               "Save them in a private database now?"))
+        return false;
+    session.change()->applied_unsaved = false;
+    return true;
+}
+
 bool take_substance(Session& session, std::int16_t index) {
+    if (!may_leave_substance(session)) return false;
     const auto now = session.change();
     reset_session(session);
     set_commands(session, {Command::chooseModels}, false);
@@ -220,7 +258,9 @@ bool write_private_database(Session& session, const std::string& path) {
     const std::string bytes = datafiles::private_database_bytes(
         *own, session->substance, session->english, session.places().short_date(),
         older ? *older : std::string());
-    return static_cast<bool>(files::write_whole(target, bytes));
+    if (!files::write_whole(target, bytes)) return false;
+    session.change()->applied_unsaved = false;
+    return true;
 }
 
 // ------------------------------------------------------------------------------------ the editor

@@ -11,9 +11,15 @@
 /// The database and the substance of the session.
 namespace quor::session {
 
-/// Opens a database; a name without a folder is looked up among the program's files. When it is
-/// refused the open one stays.
+/// Reads a database; a name without a folder is looked up among the program's files. Nothing
+/// changes.
+Result<datafiles::Database> read_database(Session& session, const std::string& path);
+/// Makes a database the open one; a name without a folder is looked up among the program's files.
+/// When it is refused the open one stays.
 Result<void> open_database(Session& session, const std::string& path);
+
+/// Asks for the file of a database; nothing for a cancel.
+std::optional<std::string> choose_database(const Session& session);
 
 enum class LoadOutcome { Loaded, Cancelled, Failed };
 
@@ -25,6 +31,14 @@ LoadOutcome load_database(Session& session, const std::string& path);
 /// A folder, besides the program's, in which a database named by a project is looked for. Every
 /// database that is loaded adds its own.
 void add_database_folder(Session& session, const std::filesystem::path& folder);
+
+/// How a user knows a CASRN: with the name that the synonyms have for it.
+std::string known_name(Session& session, const std::string& casrn);
+
+/// What a text names exactly, as name, synonym, R-number, CASRN or "#number": its place (from 1) in
+/// the open database, 0 where that has not the substance; nothing for a text that names none.
+/// Nothing is told.
+std::optional<std::int16_t> exact_substance(Session& session, const std::string& search);
 
 /// The place (from 1) of what the user typed, 0 for none, which is told.
 std::int16_t find_substance(Session& session, const std::string& search);
@@ -42,6 +56,10 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index);
 /// computed. False when the substance cannot be calculated with, which is told; then no models can
 /// be chosen.
 bool take_substance(Session& session, std::int16_t index);
+
+/// Before the active substance or the program is left: asks about parameters of a fit that no file
+/// holds. True when it may be left: there are none, they were saved, or the user gives them up.
+bool may_leave_substance(Session& session);
 
 /// Asks for a name and writes the active substance to a private database of one substance. What
 /// the session does not hold comes from the substance's record in the open database. False when

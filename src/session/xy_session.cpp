@@ -42,14 +42,21 @@ std::optional<std::string> load_xy(Session& session, const std::string& name) {
         dialogs::tell(bytes.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return std::nullopt;
     }
-    const auto now = session.change();
-    now->xy = datafiles::read_xy_text(*bytes, session->csv_separator);
-    now->folder_xy = paths::folder_of(path);
+    datafiles::XyFile file = datafiles::read_xy_text(*bytes, session->csv_separator);
+    {
+        const auto now = session.change();
+        now->xy = std::move(file.data);
+        now->xy_unsaved = false;
+        now->folder_xy = paths::folder_of(path);
+    }
+    tell_wrong_lines(file.wrong);
     return path;
 }
 
 bool save_xy(Session& session) {
-    return save_xy(session, session->xy);
+    const bool saved = save_xy(session, session->xy);
+    if (saved) session.change()->xy_unsaved = false;
+    return saved;
 }
 
 bool save_xy(Session& session, const datafiles::XyData& data) {
@@ -67,8 +74,8 @@ bool save_xy(Session& session, const datafiles::XyData& data) {
                  dialogs::kNotPossible);
 }
 
-bool may_leave_xy(Session& session, bool changed) {
-    return !changed || !ask_to_save_now() || save_xy(session);
+bool may_leave_xy(Session& session) {
+    return !session->xy_unsaved || may_leave_unsaved([&session] { return save_xy(session); });
 }
 
 bool save_curve_as_xy(Session& session, std::span<const datafiles::FitPoint> points) {

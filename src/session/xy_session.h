@@ -19,8 +19,8 @@ std::optional<std::string> load_xy(Session& session, const std::string& name);
 bool save_xy(Session& session);
 /// The same for any points.
 bool save_xy(Session& session, const datafiles::XyData& data);
-/// Before the list is left: asks whether to save when it is `changed`. True when it may be left.
-bool may_leave_xy(Session& session, bool changed);
+/// Before the list is left: asks whether to save an unsaved one. True when it may be left.
+bool may_leave_xy(Session& session);
 
 /// Asks for a name and writes the points of a curve. False when nothing was written.
 bool save_curve_as_xy(Session& session, std::span<const datafiles::FitPoint> points);

@@ -27,6 +27,7 @@ Chart2D filledChart() {
     s.symbol = chart::SymbolShape::Triangle4;
     s.symbol_size = 9;
     s.symbol_colour = {9, 8, 7, 6};
+    s.label = {"beside it", false, 0.75};
     s.x[3] = chart::kHole;
     c.curves = {s, chart::default_curve(1)};
     c.points = {chart::default_point_set(3)};
@@ -71,6 +72,7 @@ Chart2D filledChart() {
                    {false, {1, 3, 1, 3}, 4},
                    {true, {3, 1, 3, 1}, 5}};
     c.print = {1, 2, 3, 4};
+    c.swapped = true;
     return c;
 }
 

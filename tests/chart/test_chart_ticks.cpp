@@ -149,6 +149,21 @@ TEST(ChartTicks, AnAxisOfUsualLengthHasAtLeastTwoNumbers) {
     }
 }
 
+TEST(ChartTicks, AShortAxisStillHasThreeNumbersWhereTheyFit) {
+    // The residuals of a fit on a low chart: a comfortable distance left one number, 0.
+    for (const auto& [min, max] : {std::pair{-1.05, 1.9}, {-0.021, 0.035}, {305.0, 447.0}}) {
+        for (const double length : {110.0, 145.0, 200.0}) {
+            TickRequest r = request(min, max, length);
+            r.room = [](const std::string&) { return 14.0; };
+            const Ticks ticks = make_ticks(r);
+            EXPECT_GE(texts(ticks).size(), 3U) << min << " to " << max << " on " << length;
+        }
+    }
+    TickRequest r = request(-1, 2, 60);
+    r.room = [](const std::string&) { return 50.0; };
+    EXPECT_LT(texts(make_ticks(r)).size(), 3U) << "numbers never overlap for it";
+}
+
 TEST(ChartTicks, WindowsThatCannotBeDrawnHaveNone) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double inf = std::numeric_limits<double>::infinity();

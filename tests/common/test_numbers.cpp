@@ -2,6 +2,7 @@
 
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "support/comma_locale.h"
 
 using namespace quor;
 
@@ -73,6 +74,43 @@ TEST(Numbers, ValReadsTheLeadingNumberOnly) {
     EXPECT_DOUBLE_EQ(numbers::val("12,5"), 12.0);
     EXPECT_DOUBLE_EQ(numbers::val_input("12,5"), 12.5);
     EXPECT_DOUBLE_EQ(numbers::val("1E-999"), 0.0);
+}
+
+TEST(Numbers, ATextThatIsOnlyPartlyANumberIsNone) {
+    for (const char* text : {"", " ", "-", ".", "E5", "1E", "1E-", "12 K", "3 000", "1 E5", "- 1",
+                             "1.2.3", "1,5", "inf", "nan", "0x10", "1E999", "--1", "1'000"})
+        EXPECT_EQ(numbers::number(text), std::nullopt) << text;
+    for (const char* text : {"1,234.5", "1.000,5", "1,000,5", "3 000", "12,5 K", "1E999"})
+        EXPECT_EQ(numbers::typed_number(text), std::nullopt) << text;
+    EXPECT_EQ(numbers::number(" -12.5E1\t"), -125.0);
+    EXPECT_EQ(numbers::number(".5"), 0.5);
+    EXPECT_EQ(numbers::number("5."), 5.0);
+    EXPECT_EQ(numbers::number("+1D-2"), 0.01);
+    EXPECT_EQ(numbers::number("1E-999"), 0.0);
+    EXPECT_EQ(numbers::typed_number("12,5"), 12.5);
+    EXPECT_EQ(numbers::typed_number("12.5"), 12.5);
+}
+
+TEST(Numbers, ValSkipsBlanksWithinANumber) {
+    EXPECT_EQ(numbers::val("- 1 2 . 5 E 2"), -1250.0);
+    EXPECT_EQ(numbers::val("1E5 3"), 100000.0);
+    EXPECT_EQ(numbers::val("2 E"), 2.0);
+    EXPECT_EQ(numbers::val("-1E999"), -std::numeric_limits<double>::max());
+}
+
+TEST(Numbers, AProcessWithADecimalCommaWritesAndReadsTheSame) {
+    const CommaLocale locale;
+    EXPECT_EQ(numbers::general(298.15), "298.15");
+    EXPECT_EQ(numbers::general(101.325F), "101.325");
+    EXPECT_EQ(numbers::general_point(1e-20), "1E-20");
+    EXPECT_EQ(numbers::general_point(1.5e20), "1.5E+20");
+    EXPECT_EQ(format(101.325, "0.00 kPa"), "101.33 kPa");
+    EXPECT_EQ(format(0.00012345, "0.0000E+00"), "1.2345E-04");
+    EXPECT_EQ(numbers::val("298.15"), 298.15);
+    EXPECT_EQ(numbers::number("298.15"), 298.15);
+    const decimal_comma comma;
+    EXPECT_EQ(numbers::general(298.15), "298,15");
+    EXPECT_EQ(numbers::general_point(298.15), "298.15");
 }
 
 TEST(Numbers, WholeNumbersAreRoundedHalfToEven) {

@@ -103,12 +103,20 @@ TEST_F(WholeFile, AWriterKilledAtAnyMomentLeavesOldOrNewContent) {
     int killedWhileWriting = 0;
     for (int round = 0; round < 60; ++round) {
         WriteFile(path, contents[0]);
+        int started[2] = {};
+        ASSERT_EQ(pipe(started), 0);
         const pid_t writer = fork();
         ASSERT_GE(writer, 0);
         if (writer == 0) {
+            (void)!write(started[1], "x", 1);
             for (int i = 1;; ++i) (void)files::write_whole(path, contents[i % 2]);
         }
-        usleep(static_cast<useconds_t>(200 + 61 * round));
+        // A busy machine may start the writer late.
+        char mark = 0;
+        ASSERT_EQ(read(started[0], &mark, 1), 1);
+        close(started[0]);
+        close(started[1]);
+        usleep(static_cast<useconds_t>(61 * round));
         kill(writer, SIGKILL);
         waitpid(writer, nullptr, 0);
         const std::string found = ReadFile(path);

@@ -184,7 +184,8 @@ TEST_F(DamagedFiles, DamagedPointFilesGiveSoundPoints) {
         const std::string bytes =
             round % 2 == 0 ? random_bytes(random() % 600) : "c\n" + random_text(random() % 600);
         for (const char delimiter : {';', ',', '\t', '\0'})
-            for (const datafiles::FitPoint& p : datafiles::read_xy_text(bytes, delimiter).points)
+            for (const datafiles::FitPoint& p :
+                 datafiles::read_xy_text(bytes, delimiter).data.points)
                 EXPECT_TRUE(std::isfinite(p.x) && std::isfinite(p.y));
     }
 }
@@ -221,7 +222,7 @@ TEST_F(DamagedFiles, DamagedTablesGiveErrorsOrRecords) {
 
 TEST_F(DamagedFiles, AVeryLongLineIsRead) {
     const std::string line(5'000'000, '7');
-    EXPECT_EQ(datafiles::read_xy_text("c\n" + line + ";1\n", ';').points.at(0).x, 0.0F);
+    EXPECT_EQ(datafiles::read_xy_text("c\n" + line + ";1\n", ';').data.points.at(0).x, 0.0F);
     EXPECT_EQ(datafiles::split_csv(line)->size(), 1U);
     const auto file =
         datafiles::read_measured_data("d\nc\n1\n1\n" + line + ",1,2,3,4,5\n", "D.BAQ");

@@ -76,9 +76,36 @@ TEST_F(MeasuredTable, CellsTakePointAndComma) {
     EXPECT_EQ(set.hLV, 15000.0F);
 }
 
-TEST_F(MeasuredTable, AnEmptyCellAndATextStoreNoValue) {
+TEST_F(MeasuredTable, ATextThatIsNoNumberIsNotReadInHalf) {
+    const MeasuredPoint before{.T = 1, .p = 2, .rhoV = 3, .rhoL = 4, .hLV = 5, .cp = 6};
+    for (const char* typed :
+         {"n.a.", "1,234.5", "1.000,5", "3 000", "12 K", "-", "inf", "1E", "1E999"})
+        for (int c = 0; c < datafiles::kMeasuredColumns; ++c) {
+            MeasuredPoint set = before;
+            EXPECT_FALSE(store_cell(set, static_cast<MeasuredColumn>(c), typed, {})) << typed;
+            EXPECT_EQ(set, before) << typed;
+        }
+    for (int c = 0; c < datafiles::kMeasuredColumns; ++c) {
+        MeasuredPoint set = before;
+        EXPECT_FALSE(store_cell(set, static_cast<MeasuredColumn>(c), "1E39", {})) << c;
+        EXPECT_EQ(set, before);
+    }
+}
+
+TEST_F(MeasuredTable, APastedLineWithAWrongCellIsInactive) {
+    const auto [sets, wrong] =
+        datafiles::sets_from_clipboard("300\t100\n310\t1,234.5\t500\n320\t\t510\n330\tn.a.\n", {});
+    ASSERT_EQ(sets.size(), 4U);
+    EXPECT_EQ(wrong, (std::vector<std::size_t>{1, 3}));
+    EXPECT_EQ(sets[0], (MeasuredPoint{.T = 300, .p = 100}));
+    EXPECT_EQ(sets[1], (MeasuredPoint{.skip = datafiles::kInactive, .T = 310, .rhoL = 500}));
+    EXPECT_EQ(sets[2], (MeasuredPoint{.T = 320, .rhoL = 510}));
+    EXPECT_EQ(sets[3], (MeasuredPoint{.skip = datafiles::kInactive, .T = 330}));
+}
+
+TEST_F(MeasuredTable, AnEmptyCellStoresNoValue) {
     const MeasuredUnits celsius{.T = TemperatureUnit::Celsius};
-    for (const char* typed : {"", "  ", "n.a."}) {
+    for (const char* typed : {"", "  "}) {
         MeasuredPoint set{.T = 1, .p = 1, .rhoV = 1, .rhoL = 1, .hLV = 1, .cp = 1};
         for (int c = 0; c < datafiles::kMeasuredColumns; ++c)
             store_cell(set, static_cast<MeasuredColumn>(c), typed, celsius);
@@ -109,9 +136,10 @@ TEST_F(MeasuredTable, CellsShowTheLocalesDecimalMark) {
 }
 
 TEST_F(MeasuredTable, AClipboardTableBecomesSetsInTheOrderOfTheScreen) {
-    const auto sets = datafiles::sets_from_clipboard(
+    const auto [sets, wrong] = datafiles::sets_from_clipboard(
         "T\tp\trho(L)\r\n25\t1\t500,5\t2.5\t16000\t75\r\n\r\n30\t1,5\r\n",
         {.T = TemperatureUnit::Celsius, .p = PressureUnit::atm});
+    EXPECT_TRUE(wrong.empty());
     ASSERT_EQ(sets.size(), 2U);
     EXPECT_DOUBLE_EQ(sets[0].T, 298.15);
     EXPECT_DOUBLE_EQ(sets[0].p, 101.325);
@@ -132,8 +160,9 @@ TEST_F(MeasuredTable, CopiedLinesPasteAsTheSameSets) {
             points, 1,
             std::vector<MeasuredPoint>{{.T = 300.5, .p = 101.25, .rhoL = 500.5F},
                                        {.T = 310, .cp = 1.5F}});
-        const auto sets =
+        const auto [sets, wrong] =
             datafiles::sets_from_clipboard(datafiles::sets_for_clipboard(points, 1, 2, {}), {});
+        EXPECT_TRUE(wrong.empty());
         ASSERT_EQ(sets.size(), 2U);
         EXPECT_EQ(sets[0].T, 300.5);
         EXPECT_EQ(sets[0].p, 101.25);

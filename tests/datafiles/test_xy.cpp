@@ -18,42 +18,60 @@ void expect_point(const FitPoint& p, float x, float y) {
     EXPECT_EQ(p.mark, 0.0F);
 }
 
+void expect_inactive(const FitPoint& p, float x, float y) {
+    EXPECT_EQ(p.x, x);
+    EXPECT_EQ(p.y, y);
+    EXPECT_FALSE(datafiles::is_active(p));
+}
+
 TEST(XYText, ADecimalCommaReadsBesideASemicolon) {
     const auto file = read_xy_text("K\xE4lte\r\n1,5;2,25\r\n.3000000E+03;.1000000E-02\r\n", ';');
-    EXPECT_EQ(file.comment, "Kälte");
-    ASSERT_EQ(file.points.size(), 2U);
-    expect_point(file.points[0], 1.5F, 2.25F);
-    expect_point(file.points[1], 300.0F, 0.001F);
+    EXPECT_EQ(file.data.comment, "Kälte");
+    ASSERT_EQ(file.data.points.size(), 2U);
+    expect_point(file.data.points[0], 1.5F, 2.25F);
+    expect_point(file.data.points[1], 300.0F, 0.001F);
 }
 
 TEST(XYText, WithACommaTheLineSplitsAtTheFirstOne) {
     const auto file = read_xy_text("c\n1.5,2.25,7\n1,5,2\n", ',');
-    expect_point(file.points[0], 1.5F, 2.25F);
-    expect_point(file.points[1], 1.0F, 5.0F);
+    expect_point(file.data.points[0], 1.5F, 2.25F);
+    expect_point(file.data.points[1], 1.0F, 5.0F);
 }
 
 TEST(XYText, FurtherFieldsAreIgnored) {
     const auto file = read_xy_text("c\n1;2;3;4\n5;6;\n", ';');
-    expect_point(file.points[0], 1.0F, 2.0F);
-    expect_point(file.points[1], 5.0F, 6.0F);
+    expect_point(file.data.points[0], 1.0F, 2.0F);
+    expect_point(file.data.points[1], 5.0F, 6.0F);
 }
 
 TEST(XYText, ALineWithoutTheDelimiterIsSplitAtAnother) {
     const auto file = read_xy_text("c\n1,5;2\n1,5\t3\n  1.5   4  \n7\n\t8\n", '|');
-    ASSERT_EQ(file.points.size(), 5U);
-    expect_point(file.points[0], 1.5F, 2.0F);
-    expect_point(file.points[1], 1.5F, 3.0F);
-    expect_point(file.points[2], 1.5F, 4.0F);
-    expect_point(file.points[3], 7.0F, 0.0F);
-    expect_point(file.points[4], 0.0F, 8.0F);
+    ASSERT_EQ(file.data.points.size(), 5U);
+    expect_point(file.data.points[0], 1.5F, 2.0F);
+    expect_point(file.data.points[1], 1.5F, 3.0F);
+    expect_point(file.data.points[2], 1.5F, 4.0F);
+    expect_inactive(file.data.points[3], 7.0F, 0.0F);
+    expect_inactive(file.data.points[4], 0.0F, 8.0F);
 }
 
-TEST(XYText, EmptyLinesGiveNoPointsAndTextsGiveZero) {
-    const auto file = read_xy_text("c\n\n1;2\n   \nabc;1e99\n\n", ';');
-    ASSERT_EQ(file.points.size(), 2U);
-    expect_point(file.points[1], 0.0F, 0.0F);
-    EXPECT_TRUE(read_xy_text("", ';').points.empty());
-    EXPECT_EQ(read_xy_text("only a comment", ';').comment, "only a comment");
+TEST(XYText, ALineWithoutTwoNumbersIsNoActivePointAtZero) {
+    const auto file = read_xy_text(
+        "c\n1;2\nabc;1\n3;\n;4\n5;inf\n1e99;6\n7;1e-60\n1.000,5;8\n3 000;9\n300,10\n10;11\n", ';');
+    ASSERT_EQ(file.data.points.size(), 11U);
+    EXPECT_EQ(file.wrong, (std::vector<std::size_t>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    for (const std::size_t i : file.wrong) EXPECT_FALSE(datafiles::is_active(file.data.points[i]));
+    expect_point(file.data.points[0], 1.0F, 2.0F);
+    expect_point(file.data.points[10], 10.0F, 11.0F);
+    expect_inactive(file.data.points[4], 5.0F, 0.0F);
+}
+
+TEST(XYText, EmptyLinesGiveNoPoints) {
+    const auto file = read_xy_text("c\n\n1;2\n   \n3;4\n\n", ';');
+    ASSERT_EQ(file.data.points.size(), 2U);
+    expect_point(file.data.points[1], 3.0F, 4.0F);
+    EXPECT_TRUE(file.wrong.empty());
+    EXPECT_TRUE(read_xy_text("", ';').data.points.empty());
+    EXPECT_EQ(read_xy_text("only a comment", ';').data.comment, "only a comment");
 }
 
 TEST(XYText, ValuesAreWrittenWithSevenDecimalsAndAPoint) {
@@ -78,10 +96,10 @@ TEST(XYText, PointsSurviveARoundTripWithEveryDelimiter) {
         points.push_back({static_cast<float>(std::exp2(i)), static_cast<float>(-i), 0});
     for (const char delimiter : {';', ',', '\t'}) {
         const auto file = read_xy_text(datafiles::xy_text("c", points, delimiter), delimiter);
-        ASSERT_EQ(file.points.size(), points.size());
+        ASSERT_EQ(file.data.points.size(), points.size());
         for (std::size_t i = 0; i < points.size(); ++i) {
-            EXPECT_NEAR(file.points[i].x / points[i].x, 1.0, 1e-6);
-            EXPECT_EQ(file.points[i].y, points[i].y);
+            EXPECT_NEAR(file.data.points[i].x / points[i].x, 1.0, 1e-6);
+            EXPECT_EQ(file.data.points[i].y, points[i].y);
         }
     }
 }
@@ -153,16 +171,29 @@ TEST(XYPoints, LinesAreInsertedRemovedAndToggled) {
 }
 
 TEST(XYPoints, ClipboardTablesGoInAndOut) {
-    const auto points = datafiles::xy_from_clipboard("x\ty\r\n1,5\t2\r\n\r\n3.5\r\n4\t5\t6\r\n");
+    const auto [points, wrong] =
+        datafiles::xy_from_clipboard("x\ty\r\n1,5\t2\r\n\r\n3.5\r\n4\t5\t6\r\n");
+    EXPECT_EQ(wrong, std::vector<std::size_t>{1});
     ASSERT_EQ(points.size(), 3U);
     expect_point(points[0], 1.5F, 2.0F);
-    expect_point(points[1], 3.5F, 0.0F);
+    expect_inactive(points[1], 3.5F, 0.0F);
     expect_point(points[2], 4.0F, 5.0F);
     EXPECT_EQ(datafiles::xy_for_clipboard(points, 1, 2), "1.5\t2\r\n3.5\t0\r\n");
     numbers::set_decimal_mark(',');
     EXPECT_EQ(datafiles::xy_for_clipboard(points, 1, 1), "1,5\t2\r\n");
-    EXPECT_EQ(datafiles::xy_list_text(points), "#    x  y\n1  1,5  2\n2  3,5  0\n3    4  5\n");
+    EXPECT_EQ(datafiles::xy_list_text(points),
+              "  #    x  y\n  1  1,5  2\n(2)  3,5  0\n  3    4  5\n");
     numbers::set_decimal_mark('.');
+}
+
+TEST(XYPoints, APastedThousandsSeparatorIsNotReadInHalf) {
+    const auto [points, wrong] =
+        datafiles::xy_from_clipboard("300\t1,234.5\n310\t1.000,5\n320\t3 000\n330\t1,5\n");
+    ASSERT_EQ(points.size(), 4U);
+    EXPECT_EQ(wrong, (std::vector<std::size_t>{0, 1, 2}));
+    for (std::size_t i = 0; i < 3; ++i)
+        expect_inactive(points[i], 300.0F + 10.0F * static_cast<float>(i), 0.0F);
+    expect_point(points[3], 330.0F, 1.5F);
 }
 
 TEST(XYPoints, TheRangeIsThatOfTheActivePoints) {

@@ -35,8 +35,8 @@ class Sheet : public ActiveFluid {
     const diagrams::SheetCurve& sheet_curve(int place) const {
         return sheet.curves.at(static_cast<std::size_t>(place));
     }
-    diagrams::CurveLabel& label_of(int place) {
-        return sheet.curves.at(static_cast<std::size_t>(place)).label;
+    chart::CurveLabel& label_of(int place) {
+        return sheet.chart.curves.at(static_cast<std::size_t>(place)).label;
     }
     bool is_free(int place) const { return !diagrams::is_drawn(sheet, place); }
     /// Parameter of a point of a curve, counted from 1; 0 where none is kept.

@@ -274,14 +274,14 @@ TEST_F(DiagramSheet, SwapsDataWindowAndTextsAndBack) {
     const chart::Chart2D chartBefore = sheet.chart;
     const diagrams::DiagramRequest before = sheet.request;
     diagrams::change_xy(sheet);
-    EXPECT_TRUE(sheet.swapped_axes);
+    EXPECT_TRUE(sheet.chart.swapped);
     EXPECT_EQ(curve(0).x, (std::vector<float>{2, 4, 6}));
     EXPECT_EQ(sheet.request.window.x_min, before.window.y_min);
     EXPECT_EQ(sheet.request.proposed.x_max, before.proposed.y_max);
     EXPECT_EQ(sheet.chart.x.title, "p / kPa");
     EXPECT_EQ(sheet.request.texts.y, before.texts.x);
     diagrams::change_xy(sheet);
-    EXPECT_FALSE(sheet.swapped_axes);
+    EXPECT_FALSE(sheet.chart.swapped);
     EXPECT_TRUE(sheet.chart == chartBefore);
 }
 
@@ -323,7 +323,9 @@ TEST_F(DiagramSheet, PlacesLabelsBesideTheirCurves) {
     EXPECT_LT(low, sheet.chart.labels[0].point);
     diagrams::delete_curve_labels(sheet);
     diagrams::place_labels(sheet, 800, 600, measure);
-    EXPECT_TRUE(sheet.chart.labels.empty());
+    ASSERT_EQ(sheet.chart.labels.size(), 1U) << "a hidden label keeps its style";
+    EXPECT_FALSE(sheet.chart.labels[0].shown);
+    EXPECT_FALSE(diagrams::has_curve_labels(sheet));
 }
 
 TEST_F(DiagramSheet, SaysWhereLegendTextsAreGiven) {

@@ -1,4 +1,5 @@
 #include "diagrams/sheet_file.h"
+#include "diagrams/sheet_labels.h"
 
 #include <fstream>
 #include <sstream>
@@ -27,7 +28,8 @@ class SheetFile : public Sheet {
         folder2D = folder().string() + "/";
     }
     bool save() {
-        const diagrams::SaveAnswer answer = diagrams::save_oc2(sheet, folder2D);
+        const diagrams::SaveAnswer answer =
+            diagrams::save_oc2(sheet, folder2D, diagrams::proposed_file(sheet, "Propane"));
         folder2D = answer.folder;
         return answer.saved;
     }
@@ -63,6 +65,7 @@ TEST_F(SheetFile, LoadsWhatItSaved) {
     ASSERT_TRUE(save());
     EXPECT_EQ(user.files[0].title, "Save this 2D-diagram design");
     EXPECT_EQ(user.files[0].filter, "picture file (*.oc2)|*.oc2");
+    EXPECT_EQ(user.files[0].name, "Propane p-v.oc2");
     EXPECT_EQ(folder2D, folder().string() + "/");
 
     open(1);
@@ -148,7 +151,7 @@ TEST_F(SheetFile, UndoesTheSwapBeforeALoad) {
     diagrams::change_xy(sheet);
     user.fileAnswers = {path("a.oc2")};
     ASSERT_EQ(load(), LoadOutcome::Loaded);
-    EXPECT_FALSE(sheet.swapped_axes);
+    EXPECT_FALSE(sheet.chart.swapped);
     EXPECT_EQ(sheet.chart.x.title, "v / (m^3/kmol)");
 }
 
@@ -159,17 +162,33 @@ TEST_F(SheetFile, KeepsTheDiagramWhenTheDialogIsCancelled) {
     EXPECT_EQ(diagrams::curve_count(sheet), 1);
 }
 
-TEST_F(SheetFile, RecommendsNotToSaveTheSwappedState) {
+TEST_F(SheetFile, ATurnedDiagramIsSavedAndShownAsItStands) {
+    diagrams::draw(sheet, pen());
     diagrams::change_xy(sheet);
-    user.answers = {dialogs::Answer::No};
-    EXPECT_FALSE(save());
-    EXPECT_EQ(user.lastText(),
-              "Recommendation: Do not save the diagram in the rotated state (x<=>y).\nContinue?");
-    EXPECT_TRUE(user.files.empty());
-    user.answers = {dialogs::Answer::Yes};
-    user.fileAnswers = {path("s")};
-    EXPECT_TRUE(save());
-    EXPECT_TRUE(std::filesystem::exists(path("s.oc2")));
+    const chart::Chart2D turned = sheet.chart;
+    ASSERT_TRUE(chart::save_chart(sheet.chart, path("s.oc2")));
+    open(1);
+    ASSERT_EQ(diagrams::load_oc2(sheet, path("s.oc2")).outcome, LoadOutcome::Loaded);
+    EXPECT_TRUE(sheet.chart == turned);
+    diagrams::change_xy(sheet);
+    EXPECT_EQ(sheet.chart.x.title, "v / (m^3/kmol)");
+    EXPECT_EQ(sheet.request.texts.x, "v / (m^3/kmol)");
+}
+
+TEST_F(SheetFile, AShiftedAndAHiddenLabelComeBack) {
+    store(points_on_line(9));
+    store(points_on_line(9));
+    label_of(0) = {.text = "shifted", .shown = true, .shift = 0.25};
+    label_of(1) = {.text = "hidden", .shown = false, .shift = 0.75};
+    const chart::MeasureText measure = [](const std::string&, const chart::Font&) {
+        return chart::TextSize{40, 10};
+    };
+    diagrams::place_labels(sheet, 600, 400, measure);
+    ASSERT_TRUE(chart::save_chart(sheet.chart, path("l.oc2")));
+    open(1);
+    ASSERT_EQ(diagrams::load_oc2(sheet, path("l.oc2")).outcome, LoadOutcome::Loaded);
+    EXPECT_EQ(label_of(0), (chart::CurveLabel{"shifted", true, 0.25}));
+    EXPECT_EQ(label_of(1), (chart::CurveLabel{"hidden", false, 0.75}));
 }
 
 TEST_F(SheetFile, RefusesDamagedFilesWithAReason) {
@@ -208,12 +227,14 @@ TEST_F(SheetFile, GivesTheShownPointsOfACurve) {
 
 TEST_F(SheetFile, CopiesACurveAsATable) {
     sheet.request.window.x_max = 100;
-    store(points_on_line(2, 300.5F, diagrams::Parameter::T));
+    diagrams::NewCurve named = points_on_line(2, 300.5F, diagrams::Parameter::T);
+    named.name = {"curve", "beside it"};
+    store(named);
     EXPECT_EQ(diagrams::curve_table(sheet, 0),
-              "v / (m^3/kmol)\tp / kPa\tT/K\n1\t2\t300.5\n2\t4\t300.5\n");
+              "curve\nv / (m^3/kmol)\tp / kPa\tT/K\n1\t2\t300.5\n2\t4\t300.5\n");
     numbers::set_decimal_mark(',');
     EXPECT_EQ(diagrams::curve_table(sheet, 0),
-              "v / (m^3/kmol)\tp / kPa\tT/K\n1\t2\t300,5\n2\t4\t300,5\n");
+              "curve\nv / (m^3/kmol)\tp / kPa\tT/K\n1\t2\t300,5\n2\t4\t300,5\n");
     numbers::set_decimal_mark('.');
     EXPECT_EQ(diagrams::curve_table(sheet, 1), "");
 }
@@ -257,6 +278,9 @@ TEST_F(SheetPoints, MapsBothDensitiesOfTheEquilibrium) {
     EXPECT_EQ(p.x, (std::vector<float>{300, 300}));
     EXPECT_EQ(p.y, (std::vector<float>{21, 490}));
     EXPECT_EQ(map_measured(6).x.size(), 2U);
+    // Sections showed the vapour alone where a set has both.
+    EXPECT_EQ(map_measured(4).x, (std::vector<float>{21, 490}));
+    EXPECT_EQ(map_measured(1).x.size(), 2U);
     EXPECT_EQ(map_measured(300).y, (std::vector<float>{490}));
     EXPECT_EQ(map_measured(13).y, (std::vector<float>{14600}));
     EXPECT_EQ(map_measured(305).y, (std::vector<float>{14600}));

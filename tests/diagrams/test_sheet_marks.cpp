@@ -351,14 +351,90 @@ TEST_F(SheetMarks, TellsACurveOutsideTheCoordinatesAndKeepsIt) {
     EXPECT_EQ(diagrams::curve_count(sheet), 1);
 }
 
-TEST_F(SheetMarks, OffersNoMarkInTheSwappedState) {
+// The limits +-50000 suit few fluids: h-s of water at 1000 kPa lay outside of them.
+TEST_F(SheetMarks, TheFirstCurveOfASheetOfFunctionsShowsTheWindowOfItsFluid) {
+    activate("Water");
+    sheet.at.p = 1000;
+    for (const diagrams::Diagram& row : diagrams::all_diagrams()) {
+        const bool of_functions = row.opens() && row.section == diagrams::Section::isobaric &&
+                                  row.y == diagrams::Axis::h && row.x == diagrams::Axis::T;
+        if (!of_functions) continue;
+        SCOPED_TRACE(row.code);
+        open(row.code);
+        sheet.at.p = 1000;
+        const diagrams::CurveWindow proposed = sheet.request.proposed;
+        user.messages.clear();
+        ASSERT_TRUE(diagrams::draw(sheet, pen()));
+        EXPECT_TRUE(user.messages.empty()) << user.lastText();
+        EXPECT_FALSE(sheet.request.window == proposed);
+        const chart::Window shown = chart::shown_window(sheet.chart);
+        const chart::Series& drawn = curve(0);
+        std::size_t inside = 0;
+        for (std::size_t i = 0; i < drawn.y.size(); ++i)
+            inside += static_cast<double>(drawn.y[i]) >= shown.y.min &&
+                              static_cast<double>(drawn.y[i]) <= shown.y.max
+                          ? 1
+                          : 0;
+        EXPECT_EQ(inside, drawn.y.size());
+        diagrams::default_coordinates(sheet);
+        EXPECT_TRUE(sheet.request.window == proposed) << "the proposed limits stay a choice";
+        // A second curve keeps the window.
+        EXPECT_TRUE(diagrams::draw(sheet, pen()));
+        EXPECT_TRUE(sheet.request.window == proposed);
+    }
+}
+
+// In the turned state nothing could be drawn, and texts stood across the lines that now lay.
+TEST_F(SheetMarks, DrawsAndMarksInTheTurnedStateAsUpright) {
+    const auto fill = [&] {
+        EXPECT_TRUE(diagrams::draw(sheet, pen()));
+        EXPECT_TRUE(diagrams::mark_coexistence(sheet, pen()));
+        EXPECT_TRUE(diagrams::mark_pressures(sheet, pen()));
+        EXPECT_TRUE(diagrams::mark_volume(sheet, pen()));
+        EXPECT_TRUE(diagrams::mark_critical_point(sheet, pen(), true));
+        EXPECT_TRUE(diagrams::mark_critical_point(sheet, pen(), false));
+    };
+    open(1);
+    fill();
+    const chart::Chart2D upright = sheet.chart;
     open(1);
     diagrams::change_xy(sheet);
-    for (const diagrams::Mark mark :
-         {diagrams::Mark::p, diagrams::Mark::v, diagrams::Mark::TieLine})
-        EXPECT_FALSE(diagrams::offers_mark(sheet, mark));
-    EXPECT_FALSE(diagrams::draw(sheet, pen()));
-    EXPECT_EQ(diagrams::curve_count(sheet), 0);
+    fill();
+    EXPECT_TRUE(sheet.chart.swapped);
+    const auto marker = [&](const char* text) {
+        for (const chart::Label& label : sheet.chart.labels)
+            if (label.text == text) return label;
+        return chart::Label{};
+    };
+    EXPECT_EQ(marker("v(crit)").rotation, 0) << "the line of v lies now";
+    EXPECT_EQ(marker("p(cr)").rotation, 90);
+    EXPECT_GT(marker("p(cr)").dx, 0);
+    EXPECT_LT(marker("v(crit)").dy, 0);
+    diagrams::change_xy(sheet);
+    EXPECT_TRUE(sheet.chart == upright);
+}
+
+// "CP (exp.)" stood beside the calculated point where that lay above the measured one.
+TEST_F(SheetMarks, TheLabelOfTheUpperCriticalPointStandsAboveThatOfTheLower) {
+    for (const int code : {1, 5}) {
+        SCOPED_TRACE(code);
+        open(code);
+        ASSERT_TRUE(diagrams::mark_critical_point(sheet, pen(), false));
+        ASSERT_TRUE(diagrams::mark_critical_point(sheet, pen(), true));
+        const chart::Label *ex = nullptr, *calc = nullptr;
+        for (const chart::Label& label : sheet.chart.labels)
+            (label.text == "CP (exp.)" ? ex : calc) = &label;
+        ASSERT_TRUE(ex && calc);
+        const auto series = [&](const chart::Label* label) {
+            return sheet.chart.points.at(static_cast<std::size_t>(label->series));
+        };
+        const chart::Series measured = series(ex), computed = series(calc);
+        EXPECT_EQ(ex->dy < calc->dy, measured.y[0] >= computed.y[0]);
+        EXPECT_EQ(ex->text_colour, measured.symbol_colour);
+        EXPECT_EQ(calc->text_colour, computed.symbol_colour);
+        EXPECT_NE(ex->text_colour, calc->text_colour);
+        EXPECT_NE(measured.symbol, computed.symbol);
+    }
 }
 
 }  // namespace

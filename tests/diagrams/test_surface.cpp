@@ -71,7 +71,7 @@ TEST_F(Surface, TextsStandAsWorded) {
     EXPECT_EQ(texts(3).z_label, "v / (m^3/kg)");
     EXPECT_EQ(texts(5).z_label, "cp / (kJ/kg/K)) ");
     set_units(0, 2);
-    EXPECT_EQ(texts(1).x_label, "V(red)");
+    EXPECT_EQ(texts(1).x_label, "v(red)");
     EXPECT_EQ(texts(1).y_label, "T(red)");
     EXPECT_EQ(texts(1).z_label, "p(red)");
     for (const menu::Row& row : menu::graph_rows()) {

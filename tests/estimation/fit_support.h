@@ -60,6 +60,14 @@ inline FitState State(std::int16_t model, std::vector<datafiles::FitPoint> point
     return state;
 }
 
+/// Runs a fit from its start values alone; false, with the state as it was, when it is refused.
+inline bool fit_once(FitState& state) {
+    Result<FitState> result = estimation::fit_from_start(state);
+    if (!result) return false;
+    state = *std::move(result);
+    return true;
+}
+
 /// Runs a fit on a state; false, with the state as it was, when it is refused.
 inline bool start_fit(FitState& state) {
     Result<FitState> result = estimation::run_fit(state);

@@ -1,5 +1,5 @@
 #include "estimation/fit_start_values.h"
-#include "estimation/fit_statistics.h"
+#include "estimation/fit_worth.h"
 #include "estimation/synthetic.h"
 
 using namespace quor;
@@ -63,13 +63,13 @@ TEST_F(SyntheticFit, TheModelsOwnStartsLeadToTheResultOrSayThatTheyDoNot) {
             SCOPED_TRACE(name_of(set) + (logarithmic ? " log" : " plain"));
             FitState state = SyntheticState(set, 40);
             state.logarithmic = logarithmic;
-            ASSERT_TRUE(start_fit(state));
+            ASSERT_TRUE(fit_once(state));
             if (WorstDeviation(state) < 5e-6) continue;
             ++lost;
             // The implicit and the sinh/cosh forms have no value far away from their parameters.
             EXPECT_TRUE(set.model == 5 || set.model == 6 || set.model == 18);
             EXPECT_FALSE(logarithmic);
-            EXPECT_FALSE(fit_notes(state).empty());
+            EXPECT_TRUE(is_worthless(state));
         }
     }
     EXPECT_LE(lost, 5);
@@ -134,7 +134,7 @@ TEST_F(SyntheticFit, AProposalThatCannotBeHadIsTold) {
               "These points do not suffice for start values of this model.");
 }
 
-TEST_F(SyntheticFit, ProposalsNeverRunByThemselves) {
+TEST_F(SyntheticFit, StartFieldsStayAsTheyWere) {
     FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
     const Parameters start = state.start;
     ASSERT_TRUE(start_fit(state));

@@ -55,7 +55,9 @@ class CalcViewTest : public ViewTest {
 
     /// Experimental data in place of those of the session.
     void useData(std::initializer_list<calculation::BatchDataSet> sets) {
-        session.change()->measured.points = sets;
+        const auto now = session.change();
+        now->measured.points = sets;
+        now->measured_unsaved = false;
     }
 
     /// The number that stands behind a text in a widget that shows more; NaN when there is none.

@@ -14,6 +14,7 @@ using namespace quor::gui;
 class GraphTest : public FrameTest {
   protected:
     explicit GraphTest(const char* fluid = "Propane") {
+        user.standing["Data not yet saved.\nSave now?"] = dialogs::Answer::No;
         databases::Write(folder() / "STUDENT.Q05", {databases::Row(fluid)});
         start();
         openSubstance(fluid);

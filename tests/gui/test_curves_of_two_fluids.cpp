@@ -52,23 +52,23 @@ class TwoFluids : public FrameTest {
 TEST_F(TwoFluids, ASheetOfThreeFluidsAndModelsNamesEachOfThem) {
     openSubstance("Propane");
     openIsotherm();
-    EXPECT_EQ(sheet().curves[0].label.text, "300.0 K ");
+    EXPECT_EQ(sheet().chart.curves[0].label.text, "300.0 K ");
     EXPECT_EQ(sheet().chart.footer.text, "Propane,  CEOS Peng / Robinson");
     EXPECT_EQ(shownFluid(), "Propane, CEOS Peng / Robinson");
 
     chooseSubstance("Water");
     EXPECT_EQ(shownFluid(), "Water, CEOS Peng / Robinson") << "told before the next curve";
-    EXPECT_EQ(sheet().curves[0].label.text, "300.0 K ");
+    EXPECT_EQ(sheet().chart.curves[0].label.text, "300.0 K ");
     click("cmdDraw");
-    EXPECT_EQ(sheet().curves[0].label.text, "Propane 300.0 K ");
-    EXPECT_EQ(sheet().curves[1].label.text, "Water 300.0 K ");
+    EXPECT_EQ(sheet().chart.curves[0].label.text, "Propane 300.0 K ");
+    EXPECT_EQ(sheet().chart.curves[1].label.text, "Water 300.0 K ");
 
     chooseModel("CEOS van der Waals");
     EXPECT_EQ(shownFluid(), "Water, CEOS van der Waals");
     click("cmdDraw");
-    EXPECT_EQ(sheet().curves[0].label.text, "Propane, CEOS Peng / Robinson 300.0 K ");
-    EXPECT_EQ(sheet().curves[1].label.text, "Water, CEOS Peng / Robinson 300.0 K ");
-    EXPECT_EQ(sheet().curves[2].label.text, "Water, CEOS van der Waals 300.0 K ");
+    EXPECT_EQ(sheet().chart.curves[0].label.text, "Propane, CEOS Peng / Robinson 300.0 K ");
+    EXPECT_EQ(sheet().chart.curves[1].label.text, "Water, CEOS Peng / Robinson 300.0 K ");
+    EXPECT_EQ(sheet().chart.curves[2].label.text, "Water, CEOS van der Waals 300.0 K ");
     std::string footer = sheet().chart.footer.text;
     for (char& c : footer)
         if (c == '\n') c = ' ';

@@ -1,14 +1,18 @@
 #include <QClipboard>
 #include <QDockWidget>
 #include <QFile>
+#include <QInputDialog>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QTabBar>
+#include <QToolBar>
 #include <QWheelEvent>
 
 #include "chart/chart_file.h"
 #include "common/numbers.h"
 #include "diagrams/sheet_delete.h"
+#include "diagrams/sheet_labels.h"
 #include "gui/chart/chart2d_widget.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/graph_test.h"
@@ -262,7 +266,7 @@ TEST_F(Graph2D, DesignsACurveAtOnce) {
     click("cmdKurvenFarbe");
     EXPECT_EQ(curve(0).line.colour, chart::rgb(0x010203));
     type("txtLabel", "here");
-    EXPECT_EQ(sheet().curves[0].label.text, "here");
+    EXPECT_EQ(sheet().chart.curves[0].label.text, "here");
     EXPECT_EQ(curve(1).legend, "(320.0 K ) ");
 }
 
@@ -427,20 +431,40 @@ TEST_F(Graph2D, DeletesASinglePointByAClick) {
     EXPECT_EQ(curve(0).x.size(), before - 1);
 }
 
-TEST_F(Graph2D, SwapsTheAxesWithRestrictedCommands) {
+TEST_F(Graph2D, EveryCommandWorksInTheTurnedState) {
     openIsotherm();
     const std::vector<float> x = curve(0).x;
+    const auto* bar = window()->findChild<QToolBar*>("Toolbar2D");
+    ASSERT_NE(bar, nullptr);
+    const QWidget* button = bar->widgetForAction(drive::action("cmdChangeXY"));
+    const QPoint place = button->mapTo(frame.get(), QPoint());
     click("cmdChangeXY");
     EXPECT_EQ(curve(0).y, x);
-    for (const char* name : {"cmdDraw", "cmdZoom", "cmdZoomReset", "mnuCoord"})
-        EXPECT_FALSE(drive::isEnabled(name)) << name;
-    EXPECT_FALSE(offers("mnuMarkKoex"));
-    EXPECT_EQ(drive::action("cmdChangeXY")->toolTip(),
-              "changing of the axis (in the changed state there are restricted possibilities for "
-              "designing)");
+    EXPECT_EQ(button->mapTo(frame.get(), QPoint()), place) << "the button moves under the pointer";
+    for (const char* name : {"cmdDraw", "cmdZoom", "mnuCoord", "cmdFit"})
+        EXPECT_TRUE(drive::isEnabled(name)) << name;
+    click("cmdDraw");
+    EXPECT_EQ(curve(1).y, x);
+    choose("mnuMarkKoex");
+    EXPECT_EQ(diagrams::curve_count(sheet()), 4);
     click("cmdChangeXY");
     EXPECT_EQ(curve(0).x, x);
-    EXPECT_EQ(drive::action("cmdChangeXY")->toolTip(), " changing x- and y-axis ");
+    EXPECT_EQ(curve(1).x, x);
+}
+
+TEST_F(Graph2D, TheLabelFollowsTheColourOfItsCurve) {
+    openIsotherm();
+    choose("mnuKurvenDesign");
+    const auto label = [&] {
+        for (const chart::Label& one : sheet().chart.labels)
+            if (diagrams::curve_place_of(one) == 0) return one;
+        return chart::Label{};
+    };
+    ASSERT_EQ(label().text_colour, curve(0).line.colour);
+    const chart::Chart2D before = sheet().chart;
+    sheet().chart.curves[0].line.colour = {1, 2, 3, 255};
+    diagrams::follow_colours(sheet(), before);
+    EXPECT_EQ(label().text_colour, (chart::Colour{1, 2, 3, 255}));
 }
 
 TEST_F(Graph2D, SavesAndLoadsADiagramAfterASwap) {
@@ -453,7 +477,7 @@ TEST_F(Graph2D, SavesAndLoadsADiagramAfterASwap) {
     click("cmdChangeXY");
     answerFile(path("d.oc2"));
     choose("mnuLoadOC2");
-    EXPECT_FALSE(sheet().swapped_axes);
+    EXPECT_FALSE(sheet().chart.swapped);
     EXPECT_EQ(read("frmGraph2D"), "Filename: d.oc2");
     EXPECT_EQ(diagrams::curve_count(sheet()), 3);
     EXPECT_EQ(curve(1).x, saved.curves[1].x);
@@ -550,8 +574,9 @@ TEST_F(Graph2D, WritesAndCopiesACurve) {
               QByteArray::number(static_cast<qulonglong>(curve(0).x.size())) + " curve points");
     choose("cmdCopyTable");
     const QString table = QString::fromStdString(user.clipboard);
-    EXPECT_EQ(table.count('\n'), static_cast<qsizetype>(curve(0).x.size()) + 1);
-    EXPECT_TRUE(table.startsWith("v / (m^3/kmol)\tp / kPa\tT/K\n"));
+    EXPECT_EQ(table.count('\n'), static_cast<qsizetype>(curve(0).x.size()) + 2);
+    EXPECT_TRUE(table.startsWith(
+        "Propane, CEOS Peng / Robinson, (300.0 K )\nv / (m^3/kmol)\tp / kPa\tT/K\n"));
 }
 
 TEST_F(Graph2D, KeepsSeveralDiagramsApart) {
@@ -575,6 +600,52 @@ TEST_F(Graph2D, KeepsSeveralDiagramsApart) {
     desk.closeViews({"frmGraph2D"});
     drive::settle();
     EXPECT_EQ(window(), nullptr);
+}
+
+TEST_F(Graph2D, ADiagramOverAMaximisedOneStaysInTheFrameAndNoneHidesAnother) {
+    const auto openAnother = [this](const char* T) {
+        openIsotherm(T);
+        return qobject_cast<QMdiSubWindow*>(window()->parentWidget());
+    };
+    QMdiSubWindow* first = openAnother("300");
+    QMdiSubWindow* second = openAnother("310");
+    QMdiSubWindow* third = openAnother("320");
+    EXPECT_NE(second->pos(), first->pos());
+    EXPECT_NE(third->pos(), first->pos());
+    EXPECT_NE(third->pos(), second->pos());
+    third->showMaximized();
+    drive::settle();
+    QMdiSubWindow* fourth = openAnother("330");
+    const QRect room = fourth->mdiArea()->viewport()->rect();
+    EXPECT_TRUE(room.contains(fourth->geometry()))
+        << fourth->x() << " " << fourth->y() << " " << fourth->width();
+}
+
+// It took the curve in use, or the last one, without a word.
+TEST_F(Graph2D, AsksWhichCurveIsCopied) {
+    openIsotherm("300");
+    choose("cmdCopyTable");
+    EXPECT_TRUE(user.clipboard.find("300.0 K") != std::string::npos) << user.clipboard;
+    sheet().at.T = 400;
+    window()->draw();
+    bool asked = false;
+    when("frmChooseCurve", [&] {
+        asked = true;
+        auto* box = drive::get<QInputDialog>("frmChooseCurve");
+        ASSERT_EQ(box->comboBoxItems().size(), 2);
+        EXPECT_EQ(box->textValue(), box->comboBoxItems()[1]) << "the curve in use";
+        box->setTextValue(box->comboBoxItems()[0]);
+        box->accept();
+    });
+    user.clipboard.clear();
+    choose("cmdCopyTable");
+    EXPECT_TRUE(asked);
+    EXPECT_TRUE(user.clipboard.find("300.0 K") != std::string::npos) << user.clipboard;
+    EXPECT_TRUE(read("lblReadout").contains("300.0 K"));
+    when("frmChooseCurve", [] { drive::get<QInputDialog>("frmChooseCurve")->reject(); });
+    user.clipboard = "kept";
+    choose("cmdCopyTable");
+    EXPECT_EQ(user.clipboard, "kept");
 }
 
 TEST_F(Graph2D, AddsTexts) {

@@ -299,6 +299,24 @@ TEST_F(Frame, OpeningTheDataMenuClosesInputViews) {
     EXPECT_NE(desk.findView("frmCalcOut"), nullptr);
 }
 
+TEST_F(Frame, FirstStepsDoNotCoverAViewThatOpensUnderThem) {
+    start();
+    frame->inviteFirstUser();
+    QWidget* panel = drive::find("Picture1");
+    ASSERT_TRUE(panel->isVisible());
+    auto* view = new QWidget;
+    view->setObjectName("Opened");
+    view->resize(400, 300);
+    desk.openChild(view);
+    drive::settle();
+    EXPECT_FALSE(panel->isVisible());
+    const QPoint middle = view->mapTo(frame.get(), view->rect().center());
+    const QWidget* seen = frame->childAt(middle);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_TRUE(seen == view || view->parentWidget()->isAncestorOf(seen))
+        << seen->metaObject()->className() << " " << seen->objectName().toStdString();
+}
+
 TEST_F(Frame, FirstStepsComeAndGo) {
     start();
     EXPECT_FALSE(isVisible("Picture1"));

@@ -1,3 +1,4 @@
+#include "common/numbers.h"
 #include "gui/editor_drive.h"
 #include "gui/estimation/group_contribution_view.h"
 #include "gui/frame_test.h"
@@ -100,6 +101,20 @@ TEST_F(Joback, WithoutGroupsThereAreNoResults) {
     EXPECT_FALSE(drive::isEnabled("cmdApply"));
 }
 
+TEST_F(Joback, AnEstimateThatNoSubstanceCanHaveIsMarked) {
+    open(GroupFrame::Critical);
+    type(kCH3, "30");
+    user.inputAnswers.push_back("500");
+    click("cmdCalcCrit");
+    ASSERT_LT(read("txtTf").toDouble(), 0);
+    EXPECT_TRUE(read("statusZeile").startsWith("T(f) is not plausible: it is not positive."))
+        << read("statusZeile").toStdString();
+    type(kCH3, "2");
+    user.inputAnswers.push_back("184.6");
+    click("cmdCalcCrit");
+    EXPECT_FALSE(read("statusZeile").contains("plausible"));
+}
+
 TEST_F(Joback, ResultsOfOtherGroupsDoNotStay) {
     open(GroupFrame::Formation);
     typeIsopropanol();
@@ -137,7 +152,7 @@ TEST_F(Joback, TheEditorGetsTextsAndTheViewCloses) {
     EXPECT_EQ(read("cmdApply").remove('&'), "Transfer to data editor");
     click("cmdApply");
     EXPECT_FALSE(view->isVisible());
-    EXPECT_NEAR(std::stod(texts[28]), 3.77, 1e-4);
+    EXPECT_NEAR(numbers::val(texts[28]), 3.77, 1e-4);
     EXPECT_EQ(texts[32], " 0");
     EXPECT_EQ(texts[33], " 250");
     EXPECT_EQ(texts[34], " 1000");

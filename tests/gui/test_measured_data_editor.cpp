@@ -1,5 +1,9 @@
+#include <QPushButton>
+#include <cmath>
+
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
+#include "gui/diagrams/diagram_window.h"
 #include "gui/editor_drive.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/undo_keys.h"
@@ -120,6 +124,57 @@ TEST_F(MeasuredDataEditorTest, AddsALineByEnter) {
     EXPECT_EQ(count(), 2U);
     EXPECT_EQ(read("lblStatus"), "line 2");
     EXPECT_TRUE(drive::offers("mnuData_BatchEdit"));
+}
+
+TEST_F(MeasuredDataEditorTest, AnAmbiguousNumberIsMarkedAndNotTaken) {
+    choose("mnuData_BatchInput");
+    for (const char* text : {"1,234.5", "1.000,5", "3 000"}) {
+        typeInput({"300", text});
+        EXPECT_EQ(read("txtInput_1"), text);
+        click("OKinput");
+        EXPECT_EQ(count(), 0U) << text;
+        EXPECT_TRUE(drive::get<NumberEdit>("txtInput_1")->isMarked()) << text;
+    }
+    typeInput({"300", "", "1E39"});
+    click("OKinput");
+    EXPECT_EQ(count(), 0U);
+    EXPECT_TRUE(drive::get<NumberEdit>("txtInput_2")->isMarked());
+}
+
+TEST_F(MeasuredDataEditorTest, PastedThousandsSeparatorsAreToldAndTheirLinesAreInactive) {
+    openWithData();
+    mark(kGrid, 2, 2);
+    user.clipboard = "300\t1,234.5\r\n310\t200\r\n320\t1.000,5\r\n330\t3 000\r\n";
+    click("cmdClipEinfuegen");
+    ASSERT_EQ(count(), 7U);
+    EXPECT_EQ(user.lastText(),
+              "3 lines do not hold a number in each of their cells and are inactive.\n"
+              "Lines 2, 4, 5 of the table.");
+    for (const int line : {2, 4, 5}) {
+        EXPECT_EQ(lineHead(kGrid, line), QString("(%1)").arg(line));
+        EXPECT_EQ(set(line).p, 0.0);
+    }
+    EXPECT_EQ(set(3).p, 200.0);
+}
+
+TEST_F(MeasuredDataEditorTest, ACellWithAnAmbiguousNumberStaysOpenAndIsNotStored) {
+    openWithData();
+    auto* table = drive::get<QAbstractItemView>(kGrid);
+    table->setCurrentIndex(table->model()->index(0, 1));
+    table->edit(table->currentIndex());
+    auto* field = table->findChild<NumberEdit*>();
+    ASSERT_NE(field, nullptr);
+    field->clear();
+    QTest::keyClicks(field, "1,234.5");
+    QTest::keyClick(field, Qt::Key_Return);
+    drive::settle();
+    EXPECT_TRUE(field->isVisible());
+    EXPECT_TRUE(field->isMarked());
+    EXPECT_EQ(field->text(), "1,234.5");
+    EXPECT_EQ(set(1).p, 300.0);
+    drive::get("txtComment")->setFocus();
+    drive::settle();
+    EXPECT_EQ(set(1).p, 300.0) << "leaving the cell does not store it either";
 }
 
 TEST_F(MeasuredDataEditorTest, AddsNoLineWithoutAValue) {
@@ -456,8 +511,9 @@ TEST_F(MeasuredDataEditorTest, StaysUnsavedWhenItIsOpenedOnceMore) {
     // New data are not what was changed.
     openWithData();
     click("TSort");
-    user.answers = {dialogs::Answer::Yes};
+    user.answers = {dialogs::Answer::No};
     choose("mnuData_BatchInput");
+    EXPECT_EQ(count(), 0U);
     user.messages.clear();
     click("cmdClose");
     EXPECT_TRUE(user.messages.empty());
@@ -503,12 +559,76 @@ TEST_F(MeasuredDataEditorTest, PrintsTheTable) {
 
 // ------------------------------------------------------------------------------ other commands
 
+TEST_F(MeasuredDataEditorTest, EveryButtonWorksOrSaysWhyNot) {
+    openWithData();
+    const auto buttons = drive::get("frmTpvEdit")->findChildren<QPushButton*>();
+    EXPECT_GE(buttons.size(), 14);
+    for (const QPushButton* button : buttons)
+        EXPECT_TRUE(button->isEnabled() || !button->toolTip().isEmpty())
+            << button->objectName().toStdString();
+    // What needs the views of others has them in the program.
+    for (const char* button : {"cmdGraphFunction", "cmdlogGraf", "cmdFitting", "cmdSaveXY"})
+        EXPECT_TRUE(isEnabled(button)) << button;
+    for (const QPushButton* button : buttons) {
+        // The last ones lead away.
+        if (button->objectName() == "cmdClose" || button->objectName() == "cmdFitting") continue;
+        mark(kGrid, 1, 1);
+        user.messages.clear();
+        user.fileAnswers = {std::nullopt};
+        click(button->objectName());
+        for (const dialogs::Message& m : user.messages)
+            EXPECT_NE(m.icon, dialogs::Icon::Stop)
+                << button->objectName().toStdString() << ": " << m.text;
+    }
+    click("cmdFitting");
+    EXPECT_TRUE(isVisible("frmQFitting"));
+}
+
+TEST_F(MeasuredDataEditorTest, ThePointsOfAColumnAreDrawnOverT) {
+    openWithData();
+    mark(kGrid, 2, 2);
+    click("cmdAus");
+    click("optFitFunction_2");
+    click("cmdGraphFunction");
+    auto* view = desk.lastUsed<DiagramWindow>();
+    ASSERT_NE(view, nullptr);
+    EXPECT_TRUE(view->isVisible());
+    const chart::Chart2D& chart = view->sheet().chart;
+    EXPECT_EQ(chart.header.text, "Experimental points rho(L)(T)");
+    EXPECT_EQ(chart.x.title, "T / K");
+    EXPECT_EQ(chart.y.title, "rho(L) / (kg/m^3)");
+    ASSERT_EQ(diagrams::point_set_count(view->sheet()), 1);
+    EXPECT_EQ(chart.points.at(0).x, (std::vector<float>{280, 290}));
+    EXPECT_EQ(chart.points.at(0).y, (std::vector<float>{900, 850}));
+}
+
+TEST_F(MeasuredDataEditorTest, VapourPressuresAreDrawnAsLnPOverInverseT) {
+    openWithData();
+    click("cmdlogGraf");
+    auto* view = desk.lastUsed<DiagramWindow>();
+    ASSERT_NE(view, nullptr);
+    const chart::Chart2D& chart = view->sheet().chart;
+    EXPECT_EQ(chart.x.title, "1/ (T/K)");
+    EXPECT_EQ(chart.y.title, "ln (p/kPa)");
+    ASSERT_EQ(chart.points.at(0).x.size(), 3U);
+    EXPECT_FLOAT_EQ(chart.points.at(0).x[0], static_cast<float>(1.0 / 280));
+    EXPECT_FLOAT_EQ(chart.points.at(0).y[0], static_cast<float>(std::log(300.0)));
+    // Without a value there is nothing to draw, which is said.
+    useData({{0, 280, 0, 0, 900, 0, 0}});
+    drive::settle();
+    user.messages.clear();
+    click("cmdlogGraf");
+    EXPECT_EQ(user.lastText(), "There is no active line with T and p above 0.");
+}
+
 TEST_F(MeasuredDataEditorTest, SendsItsDataToFittingAndGraphsOnceTheseAreThere) {
     const std::array doors{&desk.doors.fit, &desk.doors.drawMeasured, &desk.doors.drawMeasuredLn};
     for (std::function<void()>* door : doors) *door = {};
     openWithData();
-    for (const char* button : {"cmdFitting", "cmdGraphFunction", "cmdlogGraf"})
+    for (const char* button : {"cmdFitting", "cmdGraphFunction", "cmdlogGraf"}) {
         EXPECT_FALSE(isEnabled(button)) << button;
+        EXPECT_FALSE(drive::get(button)->toolTip().isEmpty()) << button;
+    }
     click("cmdClose");
 
     const std::function<void()>* called = nullptr;
@@ -564,6 +684,33 @@ TEST_F(MeasuredDataEditorTest, StepsAreTakenBackAndMadeAgainByTheirKeys) {
     drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(temperatures(), (std::vector<double>{280, 290}));
     EXPECT_EQ(steps->redoName(), "");
+}
+
+TEST_F(MeasuredDataEditorTest, DeleteInTheTableCanBeTakenBackByItsKeysAndByTheMenu) {
+    openWithData();
+    const std::vector<datafiles::MeasuredPoint> before = session->measured.points;
+    mark(kGrid, 1, 3);
+    drive::press(kGrid, Qt::Key_Delete);
+    for (int line = 1; line <= 3; ++line) EXPECT_EQ(set(line), datafiles::MeasuredPoint{}) << line;
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(session->measured.points, before);
+    EXPECT_EQ(cell(kGrid, 1, 1), "280");
+
+    mark(kGrid, 2, 2);
+    drive::press(kGrid, Qt::Key_Delete);
+    EXPECT_EQ(set(2).T, 0.0);
+    EXPECT_EQ(drive::open("mnuEdit_Undo")->text(), "&Undo Clear cells\tCtrl+Z");
+    choose("mnuEdit_Undo");
+    EXPECT_EQ(session->measured.points, before);
+    choose("mnuEdit_Redo");
+    EXPECT_EQ(set(2), datafiles::MeasuredPoint{});
+    choose("mnuEdit_Undo");
+
+    user.answers = {dialogs::Answer::Yes};
+    drive::popupRow("mnuSubDelLine1")->trigger();
+    EXPECT_EQ(count(), 2U);
+    choose("mnuEdit_Undo");
+    EXPECT_EQ(session->measured.points, before);
 }
 
 TEST_F(MeasuredDataEditorTest, AFieldTakesItsOwnTypingBackBeforeTheListDoes) {

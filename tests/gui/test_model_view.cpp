@@ -127,6 +127,32 @@ TEST_F(ModelView, TheManualVirialFormAsksForItsCoefficients) {
     EXPECT_EQ(session->eos_parameters.nv, 1.6);
 }
 
+// To see them one had to choose another equation and come back.
+TEST_F(ModelView, TheCoefficientsOfTheActiveManualEquationAreShownAndChanged) {
+    inView("Carbon dioxide", [] {
+        EXPECT_FALSE(isVisible("cmdCoefficients"));
+        drive::when("frmBParInput", [] {
+            drive::type("par_0", "0.05");
+            drive::type("par_1", "2500");
+            drive::type("par_2", "1.6");
+            click("cmdParameter_OK");
+        });
+        select("EOSKombi", "VIRIAL Equ., Manual Input");
+        EXPECT_TRUE(isVisible("cmdCoefficients"));
+        drive::when("frmBParInput", [] {
+            EXPECT_EQ(read("par_0"), "0.05");
+            EXPECT_EQ(read("par_1"), "2500");
+            EXPECT_EQ(read("par_2"), "1.6");
+            drive::type("par_0", "0.06");
+            click("cmdParameter_OK");
+        });
+        click("cmdCoefficients");
+        click("OKModell");
+    });
+    EXPECT_EQ(session->eos_parameters.b0, 0.06);
+    EXPECT_EQ(session->eos_parameters.nb, 2500.0);
+}
+
 TEST_F(ModelView, CancellingTheCoefficientsLeavesThem) {
     inView("Carbon dioxide", [] {
         drive::when("frmBParInput", [] {

@@ -106,6 +106,70 @@ TEST_F(OpenFiles, ADiagramIsShown) {
     EXPECT_TRUE(drive::read("frmGraph2D").endsWith("saved.oc2"));
 }
 
+/// A program that was just started, to which a diagram comes that another run has saved.
+class FreshStart : public OpenFiles {
+  protected:
+    FreshStart() {
+        openIsotherm();
+        user.fileAnswers = {path("saved.oc2")};
+        choose("mnuSaveOC2");
+        saved = sheet().chart;
+        frame->close();
+        drive::settle();
+        frame.reset();
+        session::reset_everything(session);
+        frame = std::make_unique<MainWindow>(desk, commands);
+        frame->show();
+        frame->startUp();
+        drive::settle();
+        if (drive::find("frmTip") != nullptr) click("cmdOK");
+        user.messages.clear();
+    }
+    chart::Chart2D saved;
+};
+
+TEST_F(FreshStart, ADiagramIsShownAsItWasSavedWithItsSubstance) {
+    ASSERT_FALSE(session->substance_set);
+    drop({path("saved.oc2")});
+    EXPECT_TRUE(user.messages.empty()) << user.lastText();
+    ASSERT_NE(window(), nullptr);
+    EXPECT_EQ(curve(0).x, saved.curves.at(0).x);
+    EXPECT_EQ(sheet().chart.x, saved.x);
+    EXPECT_TRUE(sheet().chart.footer.text.starts_with("Propane,")) << sheet().chart.footer.text;
+    EXPECT_EQ(sheet().chart.footer.text, saved.footer.text);
+    EXPECT_EQ(drive::get<QLabel>("lblFluid")->text(), "no substance");
+    EXPECT_FALSE(drive::isEnabled("cmdDraw"));
+    // It can be read, exported and saved.
+    QTest::mouseMove(surface(), surface()->rect().center());
+    drive::settle();
+    EXPECT_TRUE(drive::read("lblReadout").contains("X ="))
+        << drive::read("lblReadout").toStdString();
+    user.fileAnswers = {path("picture.svg")};
+    choose("mnuBild_1");
+    EXPECT_TRUE(fs::exists(path("picture.svg")));
+    user.fileAnswers = {path("copy.oc2")};
+    choose("mnuSaveOC2");
+    EXPECT_EQ(user.files.back().name, "saved.oc2");
+    EXPECT_TRUE(fs::exists(path("copy.oc2")));
+}
+
+TEST_F(FreshStart, ItsSubstanceIsOfferedForFurtherCurves) {
+    drop({path("saved.oc2")});
+    user.fileAnswers = {path("STUDENT.Q05")};
+    when("frmStoffWahl", [] {
+        EXPECT_EQ(drive::read("Text1"), "Propane");
+        click("StoffOK");
+    });
+    when("frmQModell", [] { click("OKModell"); });
+    click("cmdSubstance");
+    ASSERT_TRUE(session->substance_set);
+    EXPECT_FALSE(drive::isEnabled("cmdSubstance"));
+    drawAt("320");
+    ASSERT_EQ(diagrams::curve_count(sheet()), 2);
+    EXPECT_EQ(sheet().curves.at(1).basis.fluid.substance().name, "Propane");
+    EXPECT_NE(curve(1).x, curve(0).x);
+}
+
 TEST_F(OpenFiles, OtherFilesAreRefused) {
     std::ofstream(folder() / "notes.txt") << "x";
     drop({path("notes.txt"), path("gone.QCF")});

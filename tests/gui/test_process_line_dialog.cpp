@@ -245,6 +245,17 @@ TEST_F(ProcessInput, RefusesAPolytropicThatContradictsItself) {
         EXPECT_TRUE(offers[0].startsWith("aus T1 = 1."));
         EXPECT_TRUE(offers[0].endsWith(" calculated"));
         EXPECT_TRUE(offers[1].startsWith("aus T(ref) = 1."));
+        // They follow what is typed for T1.
+        type("par_0", "298.15");
+        const QStringList cold = drive::entries("cmbKappa");
+        EXPECT_EQ(cold[0].section('=', 1), cold[1].section('=', 1));
+        type("par_0", "500");
+        const QStringList hot = drive::entries("cmbKappa");
+        EXPECT_EQ(hot[1], cold[1]);
+        const auto kappa = [](const QString& offer) {
+            return offer.section('=', 1).section(' ', 1, 1).toDouble();
+        };
+        EXPECT_GT(kappa(cold[0]), kappa(hot[0]) + 0.02) << "cp grows with T";
         click("cmdClose");
     });
     choose(row(6));
@@ -345,10 +356,15 @@ TEST_F(ProcessInput, APolytropicWithoutTheProgramIsDrawnByTheEquationOfState) {
         type("txtExponent", "1.3");
         drive::get<QComboBox>("cmbKappa")->setEditText("1.13");
         click("cmdDraw");
-        EXPECT_EQ(user.lastText(), "File POLYTROPEN_1.EXE not found in in QUOR directory");
     });
     choose(row(6));
     ASSERT_EQ(diagrams::curve_count(sheet()), 2);
+    const std::string note =
+        "The program for polytropic processes is not there:\n"
+        "the line p v^n = const of the real gas is drawn\nby the equation of state instead.";
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), note);
+    EXPECT_EQ(user.lastTitle(), "Note");
     const chart::Series& line = curve(1);
     const double first =
         static_cast<double>(line.y[0]) * std::pow(static_cast<double>(line.x[0]), 1.3);

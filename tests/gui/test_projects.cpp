@@ -77,18 +77,34 @@ TEST_F(Projects, ASavedProjectIsLoadedFromItsFile) {
     EXPECT_EQ(models::code_of(session->models.eos), 6);
 }
 
-TEST_F(Projects, AMissingSubstanceLeavesTheDatabaseAtHand) {
+TEST_F(Projects, AProjectOfAMissingSubstanceDoesNotLeaveGreyMenusWithoutAWord) {
     startProgram();
     openSubstance("Carbon dioxide");
     const std::string file = (folder() / "work.QCF").string();
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_SaveProject");
     databases::Write(folder() / "STUDENT.Q05", {databases::Row("Argon")});
-    user.fileAnswers.push_back(file);
+    databases::Write(folder() / "OTHER.Q05", {databases::Row("Carbon dioxide")});
+    openSubstance("Argon");
+    user.messages.clear();
+    // Refused: nothing changes.
+    user.answers = {dialogs::Answer::No};
+    user.fileAnswers = {file};
     drive::choose("mnuData_LoadProject");
-    EXPECT_TRUE(session->substance.name.empty());
-    EXPECT_TRUE(session::is_enabled(session, session::Command::chooseSubstance));
-    EXPECT_FALSE(session::is_enabled(session, session::Command::calculations));
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(),
+              "The substance of this project,\nCarbon dioxide (CASRN 124-38-9),\nis not in the "
+              "database STUDENT.Q05.\n\nChoose another database?");
+    EXPECT_EQ(session->substance.name, "Argon");
+    EXPECT_TRUE(session::is_enabled(session, session::Command::calculations));
+    EXPECT_TRUE(drive::offers("mnuCalc_2"));
+    // Another database.
+    user.answers = {dialogs::Answer::Yes};
+    user.fileAnswers = {file, (folder() / "OTHER.Q05").string()};
+    drive::choose("mnuData_LoadProject");
+    EXPECT_EQ(session->database_file, "OTHER.Q05");
+    EXPECT_EQ(session->substance.name, "Carbon dioxide");
+    EXPECT_TRUE(session::is_enabled(session, session::Command::calculations));
 }
 
 TEST_F(Projects, ADatabaseElsewhereIsFoundAgain) {

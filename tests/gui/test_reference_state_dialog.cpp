@@ -1,6 +1,7 @@
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
 #include "gui/widgets/number_edit.h"
+#include "support/comma_locale.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -53,6 +54,20 @@ TEST_F(ReferenceStateDialogTest, IsReachedOnceTheModelsAreChosen) {
         EXPECT_EQ(fields(), QStringList({"0", "0", "298.15", "101.325", "298.15", "101.325"}));
         click("ESC");
     });
+}
+
+TEST_F(ReferenceStateDialogTest, ADesktopWithADecimalCommaKeeps298Point15) {
+    const CommaLocale locale;
+    numbers::set_decimal_mark(',');
+    startProject("Carbon dioxide");
+    inView([] {
+        EXPECT_EQ(fields(), QStringList({"0", "0", "298,15", "101,325", "298,15", "101,325"}));
+        click("OK");
+    });
+    numbers::set_decimal_mark('.');
+    EXPECT_EQ(session->reference.T0, 298.15F);
+    EXPECT_EQ(session->reference.p0, 101.325F);
+    EXPECT_EQ(session->reference.Tenv, 298.15);
 }
 
 TEST_F(ReferenceStateDialogTest, NamesHAndSInTheUnitOfTheSession) {

@@ -560,6 +560,7 @@ TEST_F(ResultViewTest, RefusesTheIsoCalculatorWithoutTAndP) {
 // It took the typed values, of which one is missing here, and said "No solution found" from p = 0.
 TEST_F(ResultViewTest, TheIsoCalculatorStartsFromTheCalculatedState) {
     startProject("Carbon dioxide");
+    drive::when("frmCalcIn", [] { click("OK"); });
     choose("mnuCalc_5");
     type("par_0", "280");
     click("cmdParameter_OK");
@@ -568,9 +569,12 @@ TEST_F(ResultViewTest, TheIsoCalculatorStartsFromTheCalculatedState) {
     click("cmdIsoCalc");
     EXPECT_NEAR(read("lblIsoState").section("p = ", 1).section(' ', 0, 0).toDouble(), p, 1e-2);
     click("OptIsoFu_3");
-    type("txtTpVorgabe", "3000");
+    type("txtTpVorgabe", "5000");
     click("cmdCalc");
-    EXPECT_NEAR(read("txtTpCalc").toDouble(), 267, 3) << "the saturation temperature at 3000 kPa";
+    // Compressed from its saturation the vapour gets hotter.
+    const double T = read("txtTpCalc").toDouble();
+    EXPECT_GT(T, 285);
+    EXPECT_LT(T, 310);
 }
 
 TEST_F(ResultViewTest, PrintsAResultAndTheStateOfTheIsoCalculator) {

@@ -92,6 +92,79 @@ TEST_F(SubstanceSearch, ByRefrigerantNumber) {
     find("R744", "Carbon dioxide");
 }
 
+/// The view over the database that is built with the program.
+class SubstanceInFullDatabase : public SubstanceView {
+  protected:
+    SubstanceInFullDatabase() {
+        std::filesystem::copy_file(QUOR_BINARY_FOLDER "/STUDENT.Q05", folder() / "STUDENT.Q05",
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+    /// Types a text and Enter; what the list marks is what Enter takes.
+    void expectTaken(const QString& typed, const QString& name, int lines) {
+        QString marked;
+        int shown = 0;
+        drive::when("frmStoffWahl", [&] {
+            type("Text1", typed);
+            EXPECT_EQ(read("Text1"), typed) << "nothing is completed";
+            marked = selected();
+            shown = rows();
+            drive::press("Text1", Qt::Key_Return);
+        });
+        drive::when("frmQModell", [] { click("OKModell"); });
+        drive::choose("mnuStoff");
+        EXPECT_EQ(QString::fromStdString(session->substance.name), name) << typed.toStdString();
+        EXPECT_EQ(marked, name) << typed.toStdString();
+        if (lines > 0) {
+            EXPECT_EQ(shown, lines) << typed.toStdString();
+        }
+        EXPECT_TRUE(user.messages.empty()) << user.lastText();
+    }
+};
+
+TEST_F(SubstanceInFullDatabase, AnRNumberIsNotCompletedToALongerOne) {
+    start();
+    openSubstance("Water");
+    user.messages.clear();
+    expectTaken("R-22", "Chlorodifluoromethane", 0);
+    expectTaken("R-12", "Dichlorodifluoromethane", 0);
+    expectTaken("R-123", "Dichlorotrifluoroethane", 0);
+    expectTaken("R-23", "Trifluoromethane", 0);
+    expectTaken("Tetra", "Carbon tetrachloride", 0);
+    // What no name of the list holds narrows it to what Enter takes.
+    expectTaken("R744", "Carbon dioxide", 1);
+    expectTaken("r134a", "1,1,1,2-Tetrafluoroethane", 1);
+    expectTaken("steam", "Water", 1);
+    expectTaken("kohlendioxid", "Carbon dioxide", 1);
+    expectTaken("7732-18-5", "Water", 1);
+}
+
+TEST_F(SubstanceInFullDatabase, ASpellingThatTheListHasNotStillNarrowsIt) {
+    start();
+    openSubstance("Water");
+    drive::when("frmStoffWahl", [] {
+        type("Text1", "r1270");
+        EXPECT_EQ(selected(), "Propylene");
+        type("Text1", "di chloro");
+        EXPECT_GT(rows(), 2);
+        EXPECT_LT(rows(), 20);
+        click("ESC");
+    });
+    drive::choose("mnuStoff");
+}
+
+TEST_F(SubstanceView, AKnownSubstanceOfAnotherDatabaseIsNotCompletedToOneOfThis) {
+    inView([this] {
+        type("Text1", "R-740");  // argon is there
+        EXPECT_EQ(selected(), "Argon");
+        type("Text1", "R-22");
+        EXPECT_EQ(read("lblNote"), "A known substance, but not in this database.");
+        drive::press("Text1", Qt::Key_Return);
+        EXPECT_TRUE(user.lastText().starts_with(" This substance is not involved in the database"));
+        click("ESC");
+    });
+    EXPECT_EQ(session->substance_number, 0);
+}
+
 TEST_F(SubstanceView, NothingFoundIsToldAndTheSelectionReturns) {
     inView([this] {
         drive::select("StoffListe", "Argon");

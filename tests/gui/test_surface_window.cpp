@@ -430,7 +430,7 @@ TEST_F(Graph3D, SavesAndLoadsTheSamePicture) {
     choose("mnuSaveOC3");
     EXPECT_EQ(user.files.back().title, "Save this diagram design");
     EXPECT_EQ(user.files.back().filter, "picture file (*.oc3)|*.oc3");
-    EXPECT_EQ(user.files.back().name, "*.oc3");
+    EXPECT_EQ(user.files.back().name, "Propane p-v-T.oc3");
     EXPECT_TRUE(std::filesystem::exists(folder() / "kept" / "surface.oc3"));
     EXPECT_EQ(session->folder_surfaces, (folder() / "kept" / "").string());
 

@@ -40,10 +40,29 @@ TEST_F(NumberField, TakesPointAndComma) {
 }
 
 TEST_F(NumberField, TakesNothingButCharactersOfANumber) {
-    drive::type("field", "1a2;34.5.6");
+    drive::type("field", "1a2;34.56");
     EXPECT_EQ(field.text(), "1234.56");
     drive::type("field", "abc");
     EXPECT_EQ(field.text(), "1234.56") << "what cannot be typed does not delete either";
+}
+
+TEST_F(NumberField, AnAmbiguousNumberIsMarkedWhereItStandsAndNotUsed) {
+    for (const char* text : {"1,234.5", "1.000,5", "3 000", "1.2.3", "3'000"}) {
+        EXPECT_EQ(typed(text), 0.0);
+        EXPECT_EQ(field.text(), text) << "what was typed stays to be seen";
+        EXPECT_FALSE(field.holdsNumber()) << text;
+        EXPECT_TRUE(field.isMarked()) << text;
+        typed("1,5");
+        EXPECT_FALSE(field.isMarked());
+
+        QApplication::clipboard()->setText(text);
+        field.selectAll();
+        QTest::keySequence(&field, QKeySequence::Paste);
+        EXPECT_EQ(field.text(), text);
+        EXPECT_TRUE(field.isMarked()) << "pasted " << text;
+        NumberEdit* fields[] = {&field};
+        EXPECT_TRUE(markWrongNumber(fields));
+    }
 }
 
 TEST_F(NumberField, ShowsTheDecimalMarkOfTheLocale) {
@@ -230,6 +249,29 @@ TEST_F(DesktopDialogs, ATextIsPrintedPageByPage) {
     EXPECT_LE(many, 12U);
     // The text of an A4 page is at most 777 points wide when it lies: 160 characters of 8 points.
     EXPECT_GE(pages(500, std::string(160, 'x')), many) << "long lines turn the paper";
+}
+
+TEST_F(DesktopDialogs, ADrawingIsPrintedAboveItsTextAsLines) {
+    const auto printed = [this](const std::string& drawing) {
+        const std::string file = (folder() / (drawing.empty() ? "a.pdf" : "b.pdf")).string();
+        drive::when("PrintDialog", [&] {
+            drive::get<QLineEdit>("filename")->setText(QString::fromStdString(file));
+            drive::get<QDialog>("PrintDialog")->accept();
+        });
+        EXPECT_TRUE(desktop.print({.title = "Fit", .text = "A = 1\n", .drawing = drawing}));
+        std::ifstream in(file, std::ios::binary);
+        return std::string((std::istreambuf_iterator<char>(in)), {});
+    };
+    const std::string without = printed("");
+    std::string svg = "<svg xmlns='http://www.w3.org/2000/svg' width='300' height='200'>";
+    for (int i = 1; i < 200; ++i)
+        svg += "<line x1='0' y1='" + std::to_string(i) + "' x2='" +
+               std::to_string(300 - i * i % 173) + "' y2='0' stroke='black'/>";
+    const std::string with = printed(svg + "</svg>");
+    ASSERT_TRUE(without.starts_with("%PDF"));
+    ASSERT_TRUE(with.starts_with("%PDF"));
+    EXPECT_GT(with.size(), without.size() + 500) << "compressed lines";
+    EXPECT_EQ(with.find("/Subtype /Image"), std::string::npos);
 }
 
 // Of 222 characters a line the right-hand columns were cut off.

@@ -24,10 +24,6 @@ constexpr auto kList = "XYListe";
 class ManuInput : public ViewTest {
   protected:
     ManuInput() { editor_views::install(desk); }
-    void TearDown() override {
-        user.answers.assign(4, Answer::No);  // nothing of what is left is saved
-        ViewTest::TearDown();
-    }
     void open() {
         desk.doors.editXy();
         drive::settle();

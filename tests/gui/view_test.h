@@ -23,6 +23,7 @@ class ViewTest : public SessionTest {
         EXPECT_TRUE(drive::Script::instance().done())
             << drive::Script::instance().next().toStdString() << " never opened";
         drive::Script::instance().clear();
+        user.answers.assign(100, dialogs::Answer::No);  // nothing of what is left is saved
         for (QWidget* top : QApplication::topLevelWidgets())
             if (top->isVisible()) top->close();
         drive::settle();

@@ -174,24 +174,57 @@ TEST_F(MeasuredDataSession, AFailedSaveIsToldAndNothingIsLost) {
 
 TEST_F(MeasuredDataSession, ChangedDataAreAskedAboutBeforeTheyAreLeft) {
     load(kFile);
-    EXPECT_TRUE(session::may_leave_measured_data(session, false));
+    EXPECT_TRUE(session::may_leave_measured_data(session));
     EXPECT_TRUE(user.messages.empty());
+    session.change()->measured_unsaved = true;
     user.answers = {Answer::No};
-    EXPECT_TRUE(session::may_leave_measured_data(session, true));
+    EXPECT_TRUE(session::may_leave_measured_data(session));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
+    EXPECT_EQ(user.messages.back().buttons, dialogs::Buttons::YesNoCancel);
+    user.answers = {Answer::Cancel};
+    EXPECT_FALSE(session::may_leave_measured_data(session));
     // Yes, and then no name: the data may not be left.
     user.answers = {Answer::Yes};
     user.fileAnswers = {std::nullopt};
-    EXPECT_FALSE(session::may_leave_measured_data(session, true));
+    EXPECT_FALSE(session::may_leave_measured_data(session));
     user.answers = {Answer::Yes};
     user.fileAnswers = {(folder() / "E.BAQ").string()};
-    EXPECT_TRUE(session::may_leave_measured_data(session, true));
+    EXPECT_TRUE(session::may_leave_measured_data(session));
     EXPECT_TRUE(fs::exists(folder() / "E.BAQ"));
+    EXPECT_FALSE(session->measured_unsaved);
 }
 
-TEST_F(MeasuredDataSession, ATextInThePlaceOfANumberReadsAsZero) {
+TEST_F(MeasuredDataSession, LinesWithAWrongCellAreInactiveAndCounted) {
+    EXPECT_TRUE(
+        load("d\r\nc\r\n74-98-6     \r\n9\r\n"
+             "300,1,2,3,4,5\r\n"
+             "300,abc,2,3,4,5\r\n"
+             "300,,2,3,4,5\r\n"
+             "300,1,inf,3,4,5\r\n"
+             "300,1,2,1e99,4,5\r\n"
+             "1e99,1,2,3,4,5\r\n"
+             "300,5,101,3,500,2,0,0\r\n"
+             "300,1,2,3\r\n"
+             "310,1,2,3,4,0\r\n"));
+    ASSERT_EQ(session->measured.points.size(), 9U);
+    for (std::size_t i = 0; i < 9; ++i)
+        EXPECT_EQ(session->measured.points[i].skip != 0, i > 0 && i < 8) << i;
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(),
+              "7 lines do not hold a number in each of their cells and are inactive.\n"
+              "Lines 2, 3, 4, 5, 6, 7, 8 of the table.");
+    // Behind the lines that the table has, the numbers go on.
+    user.messages.clear();
+    EXPECT_TRUE(load("d\r\nc\r\n74-98-6\r\n2\r\n400,1,2,3,4,5\r\n400,x,2,3,4,5\r\n", true));
+    EXPECT_EQ(user.lastText(),
+              "1 line does not hold a number in each of its cells and is inactive.\n"
+              "Line 11 of the table.");
+}
+
+TEST_F(MeasuredDataSession, WhatCanBeReadOfAWrongLineIsKept) {
     EXPECT_TRUE(load("d\r\nc\r\n74-98-6     \r\n2\r\n300,abc,,x,1e99,5\r\nwhat is this\r\n"));
+    EXPECT_EQ(session->measured.points[0].skip, datafiles::kInactive);
     EXPECT_EQ(session->measured.points[0].T, 300.0);
     EXPECT_EQ(session->measured.points[0].p, 0.0);
     EXPECT_EQ(session->measured.points[0].rhoL, 0.0F);

@@ -64,7 +64,7 @@ TEST_F(Options, ReducedUnitsOverrideTheVolumeUnit) {
     ASSERT_TRUE(session::apply_options(session, c));
     EXPECT_EQ(session->unit_system, models::UnitSystem::reduced);
     EXPECT_DOUBLE_EQ(session::present_units(session).v, 5.0);
-    EXPECT_EQ(session::present_units(session).T_label, "p(red)");
+    EXPECT_EQ(session::present_units(session).p_label, "p(red)");
 }
 
 TEST_F(Options, WithoutMolarMassSpecificUnitsAreRefusedAndNothingChanges) {

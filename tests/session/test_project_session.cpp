@@ -302,23 +302,58 @@ TEST_F(ProjectSession, WithoutAnyDatabaseTheLoadEnds) {
     EXPECT_EQ(session->diagram_at.T, 111.0);
 }
 
-TEST_F(ProjectSession, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
+TEST_F(ProjectSession, AProjectWhoseSubstanceIsMissingSaysSoAndChangesNothing) {
     open_and_choose();
     std::string text = kProject;
     text.replace(text.find("74-98-6"), 7, "99-99-9");
+    user.answers = {dialogs::Answer::No};
+    EXPECT_FALSE(load(text).loaded);
+    EXPECT_EQ(user.lastText(),
+              "The substance of this project,\nCASRN 99-99-9,\nis not in the database A.Q05.\n\n"
+              "Choose another database?");
+    EXPECT_TRUE(user.files.empty());
+    EXPECT_EQ(session->substance_number, 2);
+    EXPECT_EQ(session->substance.name, "Propane");
+    EXPECT_NE(session->diagram_at.T, 310.25);
+    // Yes, and then no file; Yes, and then a file that is no database.
+    user.answers = {dialogs::Answer::Yes};
+    user.fileAnswers = {std::nullopt};
+    EXPECT_FALSE(load(text).loaded);
+    user.answers = {dialogs::Answer::Yes, dialogs::Answer::No};
+    user.fileAnswers = {(folder() / "P.QCF").string()};
+    EXPECT_FALSE(load(text).loaded);
+    EXPECT_EQ(session->database_file, "A.Q05");
+    EXPECT_EQ(session->substance.name, "Propane");
+}
+
+TEST_F(ProjectSession, AProjectWhoseSubstanceIsMissingTakesAnotherDatabase) {
+    open_and_choose();
+    std::string text = kProject;
+    text.replace(text.find("74-98-6"), 7, "74-82-8");
+    builder::Substance methane = builder::Propane();
+    methane.casrn = "74-82-8";
+    builder::WriteFile(folder() / "OWN.Q05", builder::Database({methane}));
+    std::filesystem::copy_file(std::string(QUOR_SOURCE_DATA) + "/SYNOM.TXT",
+                               folder() / "SYNOM.TXT");
+    user.answers = {dialogs::Answer::Yes};
+    user.fileAnswers = {(folder() / "OWN.Q05").string()};
     const ProjectResult result = load(text);
-    EXPECT_TRUE(result.loaded);
-    EXPECT_FALSE(result.substance_found);
-    EXPECT_FALSE(result.models_complete);
-    EXPECT_EQ(session->substance_number, 0);
-    EXPECT_FALSE(session->substance_set);
-    EXPECT_EQ(session->substance.name, "");
+    EXPECT_NE(user.messages.at(0).text.find("CASRN 74-82-8)"), std::string::npos)
+        << user.messages.at(0).text;
+    EXPECT_TRUE(result.substance_found);
+    EXPECT_TRUE(result.models_complete);
+    EXPECT_EQ(session->database_file, "OWN.Q05");
+    EXPECT_EQ(session->substance_number, 1);
     EXPECT_EQ(session->diagram_at.T, 310.25);
-    EXPECT_EQ(models::code_of(session->models.eos), 5);
-    // Specific units need a molar mass.
-    EXPECT_EQ(session->unit_system, models::UnitSystem::molar);
-    EXPECT_EQ(session::present_units(session).v_label, "m^3/kmol");
-    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(ProjectSession, AProjectWithoutASubstanceIsRefused) {
+    open_and_choose();
+    std::string text = kProject;
+    text.replace(text.find("74-98-6"), 7, "       ");
+    EXPECT_FALSE(load(text).loaded);
+    EXPECT_EQ(user.lastText(), "The project P.QCF names no substance.");
+    EXPECT_EQ(session->substance_number, 2);
 }
 
 TEST_F(ProjectSession, MissingCriticalDataAreTold) {
@@ -439,11 +474,11 @@ TEST_F(ProjectSession, AManualVirialEquationWithoutCoefficientsIsAskedForAnew) {
 TEST_F(ProjectSession, AFileThatIsNoProjectIsRefusedBeforeAnythingChanges) {
     open_and_choose();
     builder::WriteFile(folder() / "X.QCF", "no project");
-    EXPECT_FALSE(session::may_load_project(session, (folder() / "X.QCF").string()));
+    EXPECT_FALSE(session::prepare_project(session, (folder() / "X.QCF").string()));
     EXPECT_EQ(user.lastText(), "The file X.QCF is no project file.");
     EXPECT_EQ(session->substance_number, 2);
     builder::WriteFile(folder() / "P.QCF", kProject);
-    EXPECT_TRUE(session::may_load_project(session, (folder() / "P.QCF").string()));
+    EXPECT_TRUE(session::prepare_project(session, (folder() / "P.QCF").string()));
     EXPECT_EQ(session->substance_number, 2) << "only looked at";
 }
 

@@ -55,13 +55,13 @@ TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
     EXPECT_DOUBLE_EQ(u.v, 1.0);
 }
 
-TEST_F(Session, ReducedUnitsNameThePressureInTheLabelOfT) {
+TEST_F(Session, ReducedUnitsNameEveryQuantity) {
     session.change()->substance = fluids::ReferencePropane();
     session.change()->eos_parameters.vcrit_calculated = 0.25;
     session.change()->unit_system = models::UnitSystem::reduced;
     const models::Units u = session::present_units(session);
-    EXPECT_EQ(u.T_label, "p(red)");
-    EXPECT_EQ(u.p_label, "kPa");
+    EXPECT_EQ(u.T_label, "T(red)");
+    EXPECT_EQ(u.p_label, "p(red)");
     EXPECT_EQ(u.v_label, "V(red)");
     EXPECT_DOUBLE_EQ(u.v, 4.0);
     EXPECT_FLOAT_EQ(u.T, static_cast<float>(1.0 / 369.89));

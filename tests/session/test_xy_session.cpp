@@ -33,6 +33,23 @@ TEST_F(XySession, LoadingReplacesTheListAndTellsTheFile) {
     EXPECT_EQ(session->folder_xy, (folder() / "").string());
 }
 
+TEST_F(XySession, AFileWithAnotherDelimiterIsNoPerfectLineAtZero) {
+    session.change()->csv_separator = ';';
+    builder::WriteFile(folder() / "A.XY", "c\r\n300,10\r\n310,12\r\n320,15\r\n");
+    ASSERT_TRUE(session::load_xy(session, "A.XY"));
+    ASSERT_EQ(session->xy.points.size(), 3U);
+    EXPECT_TRUE(datafiles::active_points(session->xy.points).empty());
+    EXPECT_EQ(user.lastText(),
+              "3 lines do not hold a number in each of their cells and are inactive.\n"
+              "Lines 1, 2, 3 of the table.");
+    std::string many = "c\r\n";
+    for (int i = 0; i < 100; ++i) many += "x;1\r\n";
+    builder::WriteFile(folder() / "B.XY", many);
+    ASSERT_TRUE(session::load_xy(session, "B.XY"));
+    EXPECT_TRUE(user.lastText().starts_with("100 lines do not"));
+    EXPECT_TRUE(user.lastText().ends_with("19, 20 and 80 more of the table.")) << user.lastText();
+}
+
 TEST_F(XySession, AMissingFileIsToldAndTheListStays) {
     session.change()->xy.points = {{9, 9, 0}};
     EXPECT_EQ(session::load_xy(session, "MISSING.XY"), std::nullopt);
@@ -56,12 +73,15 @@ TEST_F(XySession, SavingWritesTheActivePointsWithTheSessionsSeparator) {
 }
 
 TEST_F(XySession, ChangedDataAreAskedAbout) {
-    EXPECT_TRUE(session::may_leave_xy(session, false));
-    user.answers = {Answer::No, Answer::Yes};
-    EXPECT_TRUE(session::may_leave_xy(session, true));
+    EXPECT_TRUE(session::may_leave_xy(session));
+    EXPECT_TRUE(user.messages.empty());
+    session.change()->xy_unsaved = true;
+    user.answers = {Answer::No, Answer::Cancel, Answer::Yes};
+    EXPECT_TRUE(session::may_leave_xy(session));
+    EXPECT_FALSE(session::may_leave_xy(session));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_FALSE(session::may_leave_xy(session, true));
+    EXPECT_FALSE(session::may_leave_xy(session)) << "no name was given";
 }
 
 TEST_F(XySession, ACurveIsSavedWithItsCount) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,7 +28,10 @@ class ScriptedDialogs {
     int beeps = 0;
     std::vector<bool> pointer;  ///< every change of the busy pointer
 
-    std::deque<dialogs::Answer> answers;                  ///< for the next messages
+    std::deque<dialogs::Answer> answers;  ///< for the next messages
+    /// Answers by the text of a message, for what a test is not about: such a message is not
+    /// recorded and takes none of the answers above.
+    std::map<std::string, dialogs::Answer> standing;
     std::deque<std::optional<std::string>> inputAnswers;  ///< for the next inputs
     std::deque<std::optional<std::string>> fileAnswers;   ///< for the next file dialogs
 

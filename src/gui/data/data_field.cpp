@@ -67,6 +67,20 @@ DataField::DataField(const EditorField& field, QWidget* parent) : QLineEdit(pare
     }
     setAlignment(Qt::AlignLeft);
     setValidator(new DataValidator(field, this));
+    connect(this, &QLineEdit::textChanged, this, [this] { mark_.clear(); });
+    connect(this, &QLineEdit::editingFinished, this, [this] { markWrong(); });
+}
+
+bool DataField::markWrong() {
+    if (datafiles::holds_value(field_, text().toStdString())) return false;
+    mark_.set("This cannot be read as a number");
+    return true;
+}
+
+bool DataField::check() {
+    if (!markWrong()) return true;
+    setFocus();
+    return false;
 }
 
 void DataField::focusInEvent(QFocusEvent* event) {

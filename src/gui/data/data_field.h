@@ -3,17 +3,22 @@
 #include <QLineEdit>
 
 #include "datafiles/substance_editor.h"
+#include "gui/widgets/field_mark.h"
 
 namespace quor::gui {
 
 /// A field of the substance editor: one value as text. Numbers take digits, sign, exponent and
-/// point, a comma becomes a point, everything else is swallowed; names take every character, as
+/// point, a comma becomes a point, everything else is swallowed; a text
+/// that is no number is marked as it is left. Names take every character, as
 /// many as the record holds.
 class DataField : public QLineEdit {
     Q_OBJECT
 
   public:
     explicit DataField(const datafiles::EditorField& field, QWidget* parent = nullptr);
+
+    /// True when the field can be read; else it is marked and gets the focus.
+    bool check();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -23,7 +28,10 @@ class DataField : public QLineEdit {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    bool markWrong();
+
     const datafiles::EditorField& field_;
+    FieldMark mark_{*this};
 };
 
 }  // namespace quor::gui

@@ -13,12 +13,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "gui/data/number_delegate.h"
 #include "gui/data/tpv_table_model.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
@@ -36,27 +36,6 @@ using datafiles::MeasuredColumn;
 
 constexpr auto kName = "frmTpvEdit";
 constexpr int kRowPadding = 6, kRowsShown = 14, kColumnCharacters = 13;
-
-// The cells of the table are edited in a field for numbers.
-class NumberDelegate : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                          const QModelIndex&) const override {
-        auto* field = new NumberEdit(parent);
-        field->setFrame(false);
-        return field;
-    }
-    void setEditorData(QWidget* editor, const QModelIndex& index) const override {
-        auto* field = static_cast<NumberEdit*>(editor);
-        field->setText(index.data(Qt::EditRole).toString());
-        field->selectAll();
-    }
-    void setModelData(QWidget* editor, QAbstractItemModel* model,
-                      const QModelIndex& index) const override {
-        model->setData(index, static_cast<NumberEdit*>(editor)->text(), Qt::EditRole);
-    }
-};
 
 // The options of a control array in one row; the group knows them by their index, from `first` on.
 QButtonGroup* options(QBoxLayout* row, const QString& name, const QStringList& captions,
@@ -94,7 +73,6 @@ MeasuredDataEditor::MeasuredDataEditor(Desk& desk, QWidget* parent)
 
 void MeasuredDataEditor::openNew(Desk& desk) {
     openPresent(desk);
-    if (auto* view = desk.find<MeasuredDataEditor>(kName)) view->changed_ = false;
 }
 
 void MeasuredDataEditor::openPresent(Desk& desk) {
@@ -109,7 +87,6 @@ void MeasuredDataEditor::openPresent(Desk& desk) {
 void MeasuredDataEditor::followSession() {
     if (commanding_) return;
     if (session_->measured != given_) {
-        changed_ = false;
         showData();
     } else if (lineCount() == 0) {
         adoptSubstance();
@@ -169,8 +146,7 @@ bool MeasuredDataEditor::ownCommand(const Command& run) {
 }
 
 bool MeasuredDataEditor::mayLeave() {
-    const bool may =
-        ownCommand([this] { return session::may_leave_measured_data(session_, changed_); });
+    const bool may = ownCommand([this] { return session::may_leave_measured_data(session_); });
     given_ = session_->measured;  // saving has given them a file
     return may;
 }
@@ -318,6 +294,7 @@ QGroupBox* MeasuredDataEditor::buildTarget() {
                              const std::function<void()>& door) {
         QPushButton* button = form::button(caption, name);
         button->setEnabled(static_cast<bool>(door));
+        if (!door) button->setToolTip("This program has no view for it");
         connect(button, &QPushButton::clicked, this, [this, &door] { send(door); });
         return button;
     };
@@ -388,8 +365,9 @@ void MeasuredDataEditor::arrange() {
     comment_->setPlaceholderText("Optional comment for BAQ or XY file resp.");
     connect(comment_, &QLineEdit::textEdited, this, [this](const QString& typed) {
         given_.comment = typed.toStdString();
-        session_.change()->measured.comment = given_.comment;
-        changed_ = true;
+        const auto now = session_.change();
+        now->measured.comment = given_.comment;
+        now->measured_unsaved = true;
     });
     connect(comment_, &QLineEdit::editingFinished, this, [this] {
         change("Change comment",
@@ -456,7 +434,7 @@ bool MeasuredDataEditor::editMode() const {
 }
 
 void MeasuredDataEditor::setChanged() {
-    changed_ = true;
+    session_.change()->measured_unsaved = true;
     if (lineCount() > 0)
         session::set_commands(session_, {session::Command::measuredDataEdit}, true);
 }
@@ -508,6 +486,20 @@ bool MeasuredDataEditor::takeUnits() {
 
 // --------------------------------------------------------------------------------------- commands
 
+// Reads the fields asked for into a line; one that its column cannot hold is marked.
+template <class Which>
+bool MeasuredDataEditor::readInput(datafiles::MeasuredPoint& set, const Which& asked) {
+    for (std::size_t i = 0; i < input_.size(); ++i) {
+        if (!asked(i) || datafiles::store_cell(set, static_cast<MeasuredColumn>(i),
+                                               input_[i]->text().toStdString(), model_->units()))
+            continue;
+        input_[i]->setMark("This column cannot hold this number");
+        input_[i]->setFocus();
+        return false;
+    }
+    return true;
+}
+
 void MeasuredDataEditor::takeInput() {
     if (markWrongNumber(input_) || (density_->checkedId() == 1 && !takeUnits())) return;
     if (editMode()) {
@@ -516,24 +508,20 @@ void MeasuredDataEditor::takeInput() {
             dialogs::tell("No marked item!", dialogs::kNotPossible, dialogs::Icon::Stop);
             return;
         }
-        change("Change line", [&](Content& d) {
-            for (std::size_t i = 0; i < input_.size(); ++i) {
-                const auto column = static_cast<MeasuredColumn>(i);
-                const QString shown =
-                    model_->index(line - 1, static_cast<int>(i)).data().toString();
-                // A field that was only looked at keeps the digits that it does not show.
-                if (input_[i]->text() != shown)
-                    datafiles::store_cell(d.points[static_cast<std::size_t>(line - 1)], column,
-                                          input_[i]->text().toStdString(), model_->units());
-            }
-        });
+        datafiles::MeasuredPoint set = points()[static_cast<std::size_t>(line - 1)];
+        // A field that was only looked at keeps the digits that it does not show.
+        const auto touched = [&](std::size_t i) {
+            return input_[i]->text() !=
+                   model_->index(line - 1, static_cast<int>(i)).data().toString();
+        };
+        if (!readInput(set, touched)) return;
+        change("Change line",
+               [&](Content& d) { d.points[static_cast<std::size_t>(line - 1)] = set; });
         return;
     }
     adoptSubstance();
     datafiles::MeasuredPoint set;
-    for (std::size_t i = 0; i < input_.size(); ++i)
-        datafiles::store_cell(set, static_cast<MeasuredColumn>(i), input_[i]->text().toStdString(),
-                              model_->units());
+    if (!readInput(set, [](std::size_t) { return true; })) return;
     const bool empty =
         set.T == 0 && set.p == 0 && set.rhoL == 0 && set.rhoV == 0 && set.hLV == 0 && set.cp == 0;
     if (empty) {
@@ -573,7 +561,7 @@ void MeasuredDataEditor::toggleLines() {
 
 void MeasuredDataEditor::pasteLines() {
     adoptSubstance();
-    const std::vector<datafiles::MeasuredPoint> sets =
+    const auto [sets, wrong] =
         datafiles::sets_from_clipboard(dialogs::clipboard(), model_->units());
     if (sets.empty()) {
         dialogs::tell("The clipboard holds no lines of numbers.", dialogs::kNotPossible);
@@ -587,9 +575,11 @@ void MeasuredDataEditor::pasteLines() {
     }
     const int marked = markedLines().first;
     const int line = marked == 0 ? lineCount() + 1 : marked;
-    change("Add clipboard", [&](Content& d) { datafiles::insert_points(d.points, line, sets); });
+    change("Add clipboard",
+           [&, &pasted = sets](Content& d) { datafiles::insert_points(d.points, line, pasted); });
     markLine(line);
     followTable();
+    session::tell_wrong_lines(wrong, static_cast<std::size_t>(line) - 1);
 }
 
 void MeasuredDataEditor::copyCells() {
@@ -641,7 +631,7 @@ void MeasuredDataEditor::load(bool append) {
     }
     adoptSubstance();
     showPresent();
-    changed_ = unsaved;
+    session_.change()->measured_unsaved = unsaved;
     markLine(unsaved ? before + 1 : 1);
     desk_.refresh();
 }
@@ -649,7 +639,6 @@ void MeasuredDataEditor::load(bool append) {
 void MeasuredDataEditor::save() {
     if (ownCommand([this] { return session::save_measured_data(session_); })) {
         given_ = session_->measured;
-        changed_ = false;
     }
     followTable();
 }

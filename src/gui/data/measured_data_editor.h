@@ -90,6 +90,8 @@ class MeasuredDataEditor : public ChildView, public FollowsSession, public Undoa
     void followInput();
     bool takeUnits();
 
+    template <class Which>
+    bool readInput(datafiles::MeasuredPoint& set, const Which& asked);
     void takeInput();
     void eraseLines();
     void toggleLines();
@@ -102,7 +104,6 @@ class MeasuredDataEditor : public ChildView, public FollowsSession, public Undoa
     void send(const std::function<void()>& door);
     int fitColumn() const;
 
-    bool changed_ = false;
     /// What a step of undo takes back.
     struct Content {
         std::vector<datafiles::MeasuredPoint> points;

@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSortFilterProxyModel>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -30,6 +29,19 @@ constexpr int kRowPadding = 6;
 
 }  // namespace
 
+/// Completes names, but not while what is typed is one already.
+class NameCompleter : public QCompleter {
+  public:
+    using QCompleter::QCompleter;
+    bool completes = true;
+
+  protected:
+    QStringList splitPath(const QString& typed) const override {
+        static const QString kNoName(QChar::Null);
+        return completes ? QCompleter::splitPath(typed) : QStringList(kNoName);
+    }
+};
+
 SubstanceDialog::SubstanceDialog(Desk& desk, QWidget* parent)
     : QDialog(parent), desk_(desk), session_(desk.session()) {
     setObjectName("frmStoffWahl");
@@ -46,10 +58,8 @@ SubstanceDialog::SubstanceDialog(Desk& desk, QWidget* parent)
 
 void SubstanceDialog::buildList() {
     auto* all = new SubstanceListModel(session_->database, this);
-    shown_ = new QSortFilterProxyModel(this);
+    shown_ = new SubstanceFilter(this);
     shown_->setSourceModel(all);
-    shown_->setFilterRole(SubstanceListModel::kSearchRole);
-    shown_->setFilterCaseSensitivity(Qt::CaseInsensitive);
     shown_->setSortCaseSensitivity(Qt::CaseInsensitive);
 
     list_ = form::named(new QTableView, "StoffListe");
@@ -88,12 +98,12 @@ void SubstanceDialog::buildSearch() {
     search_ = form::named(new QLineEdit, "Text1");
     search_->setClearButtonEnabled(true);
     search_->setPlaceholderText("Type a part of it to shorten the list");
-    auto* completer = new QCompleter(shown_->sourceModel(), this);
-    completer->setCompletionColumn(SubstanceListModel::Name);
-    completer->setCompletionMode(QCompleter::InlineCompletion);
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    search_->setCompleter(completer);
-    connect(search_, &QLineEdit::textEdited, this, &SubstanceDialog::filterBy);
+    completer_ = new NameCompleter(shown_->sourceModel(), this);
+    completer_->setCompletionColumn(SubstanceListModel::Name);
+    completer_->setCompletionMode(QCompleter::InlineCompletion);
+    completer_->setCaseSensitivity(Qt::CaseInsensitive);
+    search_->setCompleter(completer_);
+    connect(search_, &QLineEdit::textEdited, this, &SubstanceDialog::followTyping);
     connect(search_, &QLineEdit::textChanged, this, &SubstanceDialog::matchEntry);
     search_->installEventFilter(this);
 
@@ -178,22 +188,44 @@ void SubstanceDialog::matchEntry(const QString& text) {
     describe(selectedEntry());
 }
 
-void SubstanceDialog::filterBy(const QString& typed) {
+// What is typed as a whole name, synonym, R-number or CASRN is the substance meant, not the
+// beginning of another one's name.
+void SubstanceDialog::followTyping(const QString& typed) {
+    const auto exact = session::exact_substance(session_, typed.trimmed().toStdString());
+    completer_->completes = !exact;
+    filterBy(typed, exact.value_or(0));
+    if (exact.value_or(0) > 0)
+        markEntry(*exact);
+    else if (exact)
+        note_->setText("A known substance, but not in this database.");
+}
+
+void SubstanceDialog::search(const QString& text) {
+    search_->setText(text);
+    followTyping(text);
+}
+
+void SubstanceDialog::filterBy(const QString& typed, std::int16_t exact) {
     // What was selected is not what is being typed.
     list_->setCurrentIndex({});
     names_->clear();
     formula_->clear();
-    shown_->setFilterFixedString(typed.trimmed());
+    shown_->show(typed.trimmed(), exact);
     note_->setText(shown_->rowCount() == 0 ? "Not in the list; OK looks among the synonyms." : "");
 }
 
-void SubstanceDialog::selectEntry(std::int16_t index) {
-    if (index < 1 || index > shown_->sourceModel()->rowCount()) return;
-    filterBy({});
+void SubstanceDialog::markEntry(std::int16_t index) {
     const QModelIndex place =
         shown_->mapFromSource(shown_->sourceModel()->index(index - 1, SubstanceListModel::Name));
     list_->setCurrentIndex(place);
     list_->scrollTo(place, QAbstractItemView::PositionAtCenter);
+    describe(index);
+}
+
+void SubstanceDialog::selectEntry(std::int16_t index) {
+    if (index < 1 || index > shown_->sourceModel()->rowCount()) return;
+    filterBy({}, 0);
+    markEntry(index);
     showEntry(index);
 }
 
@@ -226,7 +258,7 @@ void SubstanceDialog::take() {
         return;
     }
     selectEntry(found);
-    kept_.reset();
+    restoreKept();
     if (session::take_substance(session_, found)) accept();
 }
 
@@ -234,17 +266,24 @@ void SubstanceDialog::showData() {
     const std::int16_t found = wantedEntry();
     if (found == 0) return;
     selectEntry(found);
-    if (!kept_) kept_ = Kept{session_->substance, session_->models.vapour_pressure};
+    if (!kept_)
+        kept_ =
+            Kept{session_->substance, session_->models.vapour_pressure, session_->applied_unsaved};
     if (session::read_substance(session_, found)) desk_.doors.showSubstance();
+}
+
+void SubstanceDialog::restoreKept() {
+    if (!kept_) return;
+    const auto now = session_.change();
+    now->substance = kept_->substance;
+    now->models.vapour_pressure = kept_->equation;
+    now->applied_unsaved = kept_->appliedUnsaved;
+    kept_.reset();
 }
 
 // Leaving without a choice leaves the session's substance as it was, also after a look at another.
 void SubstanceDialog::reject() {
-    if (kept_) {
-        const auto now = session_.change();
-        now->substance = kept_->substance;
-        now->models.vapour_pressure = kept_->equation;
-    }
+    restoreKept();
     QDialog::reject();
 }
 

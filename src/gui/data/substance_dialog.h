@@ -12,7 +12,6 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QSortFilterProxyModel;
 class QTableView;
 
 namespace quor::session {
@@ -22,6 +21,8 @@ class Session;
 namespace quor::gui {
 
 class Desk;
+class NameCompleter;
+class SubstanceFilter;
 
 /// Choice of a substance of the open database: by its place in the list, by name, by a synonym, or
 /// by CASRN. Accepted when a substance was taken over into the session.
@@ -30,6 +31,9 @@ class SubstanceDialog : public QDialog {
 
   public:
     explicit SubstanceDialog(Desk& desk, QWidget* parent = nullptr);
+
+    /// Puts a text into the field as if it had been typed.
+    void search(const QString& text);
 
     void reject() override;
 
@@ -43,7 +47,9 @@ class SubstanceDialog : public QDialog {
     void describe(std::int16_t index);
     void showEntry(std::int16_t index);
     void matchEntry(const QString& text);
-    void filterBy(const QString& typed);
+    void followTyping(const QString& typed);
+    void filterBy(const QString& typed, std::int16_t exact);
+    void markEntry(std::int16_t index);
     void selectEntry(std::int16_t index);
     std::int16_t selectedEntry() const;
     std::int16_t wantedEntry();
@@ -53,7 +59,8 @@ class SubstanceDialog : public QDialog {
     Desk& desk_;
     session::Session& session_;
     QTableView* list_ = nullptr;
-    QSortFilterProxyModel* shown_ = nullptr;
+    SubstanceFilter* shown_ = nullptr;
+    NameCompleter* completer_ = nullptr;
     QLineEdit* search_ = nullptr;
     QComboBox* names_ = nullptr;
     QLabel* formula_ = nullptr;
@@ -66,7 +73,10 @@ class SubstanceDialog : public QDialog {
     struct Kept {
         models::SubstanceRecord substance;
         models::VapourPressureEquation equation;
+        bool appliedUnsaved;
     };
+    /// The session's substance as it was before others were looked at.
+    void restoreKept();
     std::optional<Kept> kept_;
     std::int16_t present_ = 0;  ///< entry that was selected last
 };

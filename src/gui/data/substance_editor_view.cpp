@@ -368,7 +368,12 @@ void SubstanceEditorView::redo() {
     if (history_.redo()) showTexts(history_.value());
 }
 
-void SubstanceEditorView::apply() {
+bool SubstanceEditorView::apply() {
+    for (DataField* field : fields_) {
+        if (field->check()) continue;
+        showField(field);
+        return false;
+    }
     remember("Change data");
     EditorTexts now = texts();
     session::apply_editor(session_, now);
@@ -377,11 +382,18 @@ void SubstanceEditorView::apply() {
     shown_ = texts();
     follow();
     desk_.refresh();
+    return true;
+}
+
+// Brings the tab of a field to the front.
+void SubstanceEditorView::showField(DataField* field) {
+    for (int i = 0; i < tabs_->count(); ++i)
+        if (tabs_->widget(i)->isAncestorOf(field)) tabs_->setCurrentIndex(i);
+    field->setFocus();
 }
 
 void SubstanceEditorView::writeDatabase() {
-    apply();
-    session::save_private_database(session_);
+    if (apply()) session::save_private_database(session_);
 }
 
 void SubstanceEditorView::showTriplePoint(bool fromEquation) {

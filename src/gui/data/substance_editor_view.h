@@ -56,7 +56,9 @@ class SubstanceEditorView : public QDialog, public Undoable {
     void showTexts(const datafiles::EditorTexts& texts);
     /// The fields as they stand, as a step that can be taken back.
     void remember(const QString& name);
-    void apply();
+    /// False when a field cannot be read, which is marked then.
+    bool apply();
+    void showField(DataField* field);
     void writeDatabase();
     void showTriplePoint(bool fromEquation);
     void follow();

@@ -2,6 +2,7 @@
 
 #include "common/text.h"
 #include "datafiles/search.h"
+#include "datafiles/synonyms.h"
 #include "gui/widgets/qt_text.h"
 
 namespace quor::gui {
@@ -19,6 +20,10 @@ QString cell(const datafiles::DatabaseEntry& entry, int column) {
         default:
             return {};
     }
+}
+
+QString looseForm(const QString& text) {
+    return qt(datafiles::comparing_form(datafiles::normalise_name(text.toStdString())));
 }
 
 }  // namespace
@@ -43,6 +48,11 @@ QVariant SubstanceListModel::data(const QModelIndex& index, int role) const {
             return index.column() == Name ? qt(text::trim_right(entry.name)) : QVariant();
         case kSearchRole:
             return qt(entry.name + " " + entry.formula + " " + entry.casrn);
+        case kLooseRole:
+            if (loose_.empty())
+                for (const datafiles::DatabaseEntry& one : database_.entries())
+                    loose_.push_back(looseForm(qt(one.name)));
+            return loose_[static_cast<std::size_t>(index.row())];
         case kIndexRole:
             return index.row() + 1;
         default:
@@ -62,6 +72,26 @@ QVariant SubstanceListModel::headerData(int section, Qt::Orientation orientation
         default:
             return {};
     }
+}
+
+void SubstanceFilter::show(const QString& typed, int exact) {
+    typed_ = typed;
+    exact_ = exact;
+    loose_.clear();
+    invalidateFilter();
+    if (rowCount() > 0) return;
+    loose_ = looseForm(typed);
+    if (!loose_.isEmpty()) invalidateFilter();
+}
+
+bool SubstanceFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
+    if (row + 1 == exact_) return true;
+    const QModelIndex place = sourceModel()->index(row, SubstanceListModel::Name, parent);
+    if (!loose_.isEmpty())
+        return place.data(SubstanceListModel::kLooseRole).toString().contains(loose_);
+    return place.data(SubstanceListModel::kSearchRole)
+        .toString()
+        .contains(typed_, Qt::CaseInsensitive);
 }
 
 }  // namespace quor::gui

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QSortFilterProxyModel>
+#include <vector>
 
 #include "datafiles/database.h"
 
@@ -17,6 +19,8 @@ class SubstanceListModel : public QAbstractTableModel {
     enum Column { Name, Formula, Casrn, ColumnCount };
     /// Text in which a typed part is looked for: all names, formula, CASRN.
     static constexpr int kSearchRole = Qt::UserRole;
+    /// The same without what spellings differ in: case, blanks, hyphens, usual variants.
+    static constexpr int kLooseRole = Qt::UserRole + 2;
     /// Place in the database, from 1.
     static constexpr int kIndexRole = Qt::UserRole + 1;
 
@@ -27,6 +31,26 @@ class SubstanceListModel : public QAbstractTableModel {
 
   private:
     datafiles::Database database_;
+    mutable std::vector<QString> loose_;  ///< by row, made when it is first asked for
+};
+
+/// The rows that a typed text stands for: those that hold it and the one that it names exactly;
+/// where there are none, those that hold it in another spelling.
+class SubstanceFilter : public QSortFilterProxyModel {
+    Q_OBJECT
+
+  public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    /// `exact` is the place (from 1) that the text names, 0 for none.
+    void show(const QString& typed, int exact);
+
+  protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+
+  private:
+    QString typed_, loose_;
+    int exact_ = 0;
 };
 
 }  // namespace quor::gui

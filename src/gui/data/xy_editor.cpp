@@ -19,6 +19,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "datafiles/cell_numbers.h"
+#include "gui/data/number_delegate.h"
 #include "gui/data/xy_table_model.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
@@ -69,6 +70,14 @@ bool complete(NumberEdit* field) {
     field->setMark(kNeedsNumber);
     field->setFocus();
     return false;
+}
+
+/// The same for a value that a point holds in 32 bits.
+std::optional<float> coordinate(NumberEdit* field) {
+    if (!complete(field)) return std::nullopt;
+    const std::optional<float> value = datafiles::single(field->value());
+    if (!value) field->setMark("A point cannot hold this number.");
+    return value;
 }
 
 QVBoxLayout* column(QWidget* box) {
@@ -135,6 +144,7 @@ void XyEditor::buildTable() {
     model_ = new XyTableModel(this);
     table_ = form::named(new QTableView, "XYListe");
     table_->setModel(model_);
+    table_->setItemDelegate(new NumberDelegate(table_));
     table_->setSelectionMode(QAbstractItemView::ContiguousSelection);
     table_->setAlternatingRowColors(true);
     table_->setTabKeyNavigation(false);
@@ -191,8 +201,9 @@ QWidget* XyEditor::buildFile() {
     comment_ = form::named(new QLineEdit, "txtComment");
     comment_->setToolTip("Optional comment for BAQ or XY file resp.");
     connect(comment_, &QLineEdit::textEdited, this, [this](const QString& typed) {
-        session_.change()->xy.comment = typed.toStdString();
-        changed_ = true;
+        const auto now = session_.change();
+        now->xy.comment = typed.toStdString();
+        now->xy_unsaved = true;
     });
     connect(comment_, &QLineEdit::editingFinished, this, [this] {
         change("Change comment", [this](XyData& d) { d.comment = comment_->text().toStdString(); });
@@ -369,12 +380,15 @@ void XyEditor::change(const QString& name, const Change& what) {
 }
 
 void XyEditor::showPresent() {
-    session_.change()->xy = history_.value();
+    {
+        const auto now = session_.change();
+        now->xy = history_.value();
+        now->xy_unsaved = true;
+    }
     const Marked lines = marked();
     model_->show(points());
     const QString comment = qt(history_.value().comment);
     if (comment_->text() != comment) comment_->setText(comment);
-    changed_ = true;
     mark(lines.first, lines.last);
     follow();
 }
@@ -433,9 +447,9 @@ void XyEditor::takeInput() {
         dialogs::tell("No marked item!", dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
-    if (!complete(x_) || !complete(y_)) return;
-    const datafiles::FitPoint typed{datafiles::cell_single_input(x_->text().toStdString()),
-                                    datafiles::cell_single_input(y_->text().toStdString()), 0.0F};
+    const std::optional<float> x = coordinate(x_), y = coordinate(y_);
+    if (!x || !y) return;
+    const datafiles::FitPoint typed{*x, *y, 0.0F};
     if (!adding()) {
         change("Change line", [&](XyData& d) {
             datafiles::FitPoint& point = d.points[static_cast<std::size_t>(line - 1)];
@@ -488,13 +502,14 @@ void XyEditor::copy() {
 
 // The lines go in at the marked place, behind the last one without a mark.
 void XyEditor::paste() {
-    const std::vector<datafiles::FitPoint> more =
-        datafiles::xy_from_clipboard(dialogs::clipboard());
+    const auto [more, wrong] = datafiles::xy_from_clipboard(dialogs::clipboard());
     if (more.empty()) return;
     const int marking = marked().first;
     const int place = marking > 0 ? marking : model_->rowCount() + 1;
-    change("Add clipboard", [&](XyData& d) { datafiles::insert_xy(d.points, place, more); });
+    change("Add clipboard",
+           [&, &pasted = more](XyData& d) { datafiles::insert_xy(d.points, place, pasted); });
     mark(place, place + static_cast<int>(more.size()) - 1);
+    session::tell_wrong_lines(wrong, static_cast<std::size_t>(place) - 1);
 }
 
 void XyEditor::manipulate() {
@@ -513,18 +528,17 @@ void XyEditor::manipulate() {
 // ------------------------------------------------------------------------- files and other targets
 
 void XyEditor::load() {
-    if (!session::may_leave_xy(session_, changed_)) return;
+    if (!session::may_leave_xy(session_)) return;
     const std::optional<std::string> loaded = session::load_xy(session_);
     if (!loaded) return;
     history_.restart(session_->xy);
-    changed_ = false;
     showList();
     status_->setText("  Loaded: " + qt(*loaded));
     follow();
 }
 
 void XyEditor::save() {
-    if (session::save_xy(session_)) changed_ = false;
+    session::save_xy(session_);
 }
 
 void XyEditor::print() {
@@ -547,11 +561,10 @@ void XyEditor::fit() {
 }
 
 void XyEditor::closeEvent(QCloseEvent* event) {
-    if (!session::may_leave_xy(session_, changed_)) {
+    if (!session::may_leave_xy(session_)) {
         event->ignore();
         return;
     }
-    changed_ = false;
     event->accept();
 }
 

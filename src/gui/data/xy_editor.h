@@ -93,7 +93,6 @@ class XyEditor : public ChildView, public Undoable {
     std::array<QRadioButton*, 2> inputMode_{};
     std::array<QRadioButton*, 6> manipulations_{};
     std::array<QRadioButton*, 2> drawAs_{};
-    bool changed_ = false;
 };
 
 }  // namespace quor::gui

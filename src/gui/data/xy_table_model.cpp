@@ -82,11 +82,12 @@ Qt::ItemFlags XyTableModel::flags(const QModelIndex& index) const {
 
 bool XyTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (pointOf(index.row()) == nullptr || role != Qt::EditRole || !typed_) return false;
-    const std::string typed = numbers::comma_to_point(value.toString().trimmed().toStdString());
     // A cell that was only looked at keeps the digits that the table does not show.
     if (value.toString() == data(index, Qt::EditRole).toString()) return false;
-    if (!datafiles::parse_number(typed)) return false;
-    typed_(index.row(), index.column() == kColumnX, datafiles::cell_single(typed));
+    const std::optional<float> typed =
+        datafiles::single(numbers::typed_number(value.toString().toStdString()));
+    if (!typed) return false;
+    typed_(index.row(), index.column() == kColumnX, *typed);
     return true;
 }
 

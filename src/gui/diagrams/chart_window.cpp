@@ -3,9 +3,11 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <algorithm>
 
 #include "gui/widgets/theme.h"
 
@@ -15,6 +17,26 @@ namespace {
 
 constexpr int kPanelWidth = 300;
 constexpr int kCascade = 26;  // pixels between windows that open on each other
+
+/// Moves a window aside until its corner lies on that of no other, within the frame.
+void cascade(QMdiSubWindow& window) {
+    const QMdiArea* area = window.mdiArea();
+    if (area == nullptr) return;
+    const auto hidesCorner = [&](const QPoint& place) {
+        const auto all = area->subWindowList();
+        return std::any_of(all.begin(), all.end(), [&](const QMdiSubWindow* other) {
+            return other != &window && other->isVisible() && other->pos() == place;
+        });
+    };
+    const QSize room = area->viewport()->size() - window.size();
+    QPoint place = window.pos();
+    for (int i = 0; i < area->subWindowList().size() && hidesCorner(place); ++i) {
+        place += QPoint(kCascade, kCascade);
+        if (place.x() > room.width() && place.x() > kCascade) place.setX(kCascade * (i % 5));
+        if (place.y() > room.height() && place.y() > kCascade) place.setY(kCascade * (i % 5));
+    }
+    window.move(place);
+}
 
 }  // namespace
 
@@ -37,7 +59,8 @@ ChartWindow::~ChartWindow() {
 void ChartWindow::open(bool others) {
     desk_.openChild(this);
     auto* window = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (window != nullptr && others) window->move(window->pos() + QPoint(kCascade, kCascade));
+    // Over a maximised window the frame opens the next one maximised.
+    if (window != nullptr && others && !window->isMaximized()) cascade(*window);
 }
 
 void ChartWindow::closeView() {

@@ -158,9 +158,7 @@ void DesignPanel::curvePage() {
             return s == nullptr ? nullptr : &(s->*member);
         };
     };
-    const auto label = [this]() -> diagrams::CurveLabel* {
-        return curve() < 0 ? nullptr : &sheet_.curves[at(curve())].label;
-    };
+    const auto label = ofCurve(&chart::Series::label);
     const Field<chart::Series> any = [this] { return series(Group::Curves); };
     text(into, "Legend text", "txtLegend", ofCurve(&chart::Series::legend));
     check(into, "in the legend", "chkLegend1", ofCurve(&chart::Series::in_legend));

@@ -7,6 +7,7 @@
 #include "diagrams/process_line.h"
 #include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_file.h"
+#include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
 #include "diagrams/sheet_undo.h"
@@ -14,6 +15,7 @@
 #include "gui/chart/picture_commands.h"
 #include "gui/diagrams/design_panel.h"
 #include "gui/diagrams/diagram_window.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "session/diagram_choice.h"
 #include "session/xy_session.h"
@@ -90,13 +92,12 @@ MenuRow DiagramWindow::markMenu() {
              .run = [this, i] { askProcessLine(static_cast<diagrams::ProcessKind>(i)); }});
     const auto showLabels = [this] {
         diagrams::remember(sheet_, "Curve labels");
-        for (diagrams::SheetCurve& curve : sheet_.curves) curve.label.shown = true;
+        diagrams::show_curve_labels(sheet_, true);
         sheet_.chart.labels_shown = true;
         refresh();
     };
     return {.caption = "&Add ...",
             .name = "mnuMark",
-            .enabled = [this] { return !sheet_.swapped_axes; },
             .rows = {mark("V-L coexistence curve (projection)", "mnuMarkKoex", Mark::Coexistence,
                           diagrams::mark_coexistence),
                      {.caption = "Line of constant vapour fraction (Isohygric)",
@@ -277,16 +278,13 @@ MenuRow DiagramWindow::pictureMenu() {
 
 std::vector<MenuRow> DiagramWindow::drawButtons() {
     const diagrams::Diagram* diagram = sheet_.request.diagram;
-    std::vector<MenuRow> buttons{{.caption = "Draw Curve",
-                                  .name = "cmdDraw",
-                                  .run = [this] { draw(); },
-                                  .enabled =
-                                      [this, diagram] {
-                                          return diagram != nullptr && !sheet_.swapped_axes &&
-                                                 session::present_pen(session_).has_fluid();
-                                      },
-                                  .tip = "Draw a curve (Enter)",
-                                  .icon = "graph2d"}};
+    std::vector<MenuRow> buttons{
+        {.caption = "Draw Curve",
+         .name = "cmdDraw",
+         .run = [this] { draw(); },
+         .enabled = [this, diagram] { return diagram != nullptr && hasFluid(); },
+         .tip = "Draw a curve (Enter)",
+         .icon = "graph2d"}};
     if (diagram == nullptr) return buttons;
     const diagrams::DiagramInput input = diagrams::input_of(*diagram);
     const bool asks =
@@ -299,14 +297,18 @@ std::vector<MenuRow> DiagramWindow::drawButtons() {
                                    input == diagrams::DiagramInput::range ? askRange()
                                                                           : askParameter();
                                },
-                           .enabled = [this] { return !sheet_.swapped_axes; },
                            .tip = "Parameter of the next curve"});
+    if (desk_.doors.chooseSubstance)
+        buttons.push_back({.caption = "Substance ...",
+                           .name = "cmdSubstance",
+                           .run = [this] { chooseSubstance(); },
+                           .enabled = [this] { return !hasFluid(); },
+                           .tip = "Chooses the substance that further curves need"});
     return buttons;
 }
 
 std::vector<MenuRow> DiagramWindow::windowButtons() {
     constexpr double kZoomStep = 1.5;
-    const auto unswapped = [this] { return !sheet_.swapped_axes; };
     const auto logarithmic = [this](bool xAxis) {
         return MenuRow{
             .caption = xAxis ? "log x" : "log y",
@@ -325,7 +327,6 @@ std::vector<MenuRow> DiagramWindow::windowButtons() {
             {.caption = "Zoom",
              .name = "cmdZoom",
              .run = [this] { canvas_->zoom(kZoomStep); },
-             .enabled = unswapped,
              .tip = "Zoom; a rectangle drawn by the mouse zooms into it",
              .icon = "zoom_in"},
             {.caption = "Reset",
@@ -335,7 +336,7 @@ std::vector<MenuRow> DiagramWindow::windowButtons() {
                      canvas_->resetZoom();
                      refresh();
                  },
-             .enabled = [this] { return !sheet_.swapped_axes && canvas_->isZoomed(); },
+             .enabled = [this] { return canvas_->isZoomed(); },
              .tip = "Window before the zoom"},
             {.caption = "Fit",
              .name = "cmdFit",
@@ -346,15 +347,14 @@ std::vector<MenuRow> DiagramWindow::windowButtons() {
                  },
              .enabled =
                  [this] {
-                     return !sheet_.swapped_axes && (diagrams::curve_count(sheet_) > 0 ||
-                                                     diagrams::point_set_count(sheet_) > 0);
+                     return diagrams::curve_count(sheet_) > 0 ||
+                            diagrams::point_set_count(sheet_) > 0;
                  },
              .tip = "Window around all curves (double click)",
              .icon = "zoom_fit"},
             {.caption = "Coordinates ...",
              .name = "mnuCoord",
              .run = [this] { askCoordinates(); },
-             .enabled = unswapped,
              .tip = "Limits of the axes"},
             {},
             {.caption = "x <=> y",
@@ -365,6 +365,7 @@ std::vector<MenuRow> DiagramWindow::windowButtons() {
                      canvas_->forgetZoom();
                      refresh();
                  },
+             .checked = [this] { return sheet_.chart.swapped; },
              .tip = " changing x- and y-axis "},
             logarithmic(true),
             logarithmic(false)};
@@ -375,6 +376,8 @@ void DiagramWindow::buildToolBar() {
     parameter_ = new QLabel;
     parameter_->setObjectName("lblParameter");
     parameter_->setContentsMargins(theme::kGap, 0, theme::kGap, 0);
+    // The buttons behind it keep their places while it changes.
+    parameter_->setMinimumWidth(fontMetrics().horizontalAdvance("p = 100000.000 kPa"));
     bar->addWidget(parameter_);
     for (const MenuRow& button : windowButtons()) menus_.addButton(bar, button);
 }
@@ -393,11 +396,6 @@ void DiagramWindow::followMenus() {
     };
     name("cmdUndo", "Undo", undoName());
     name("cmdRedo", "Redo", redoName());
-    if (auto* swap = findChild<QAction*>("cmdChangeXY"))
-        swap->setToolTip(sheet_.swapped_axes
-                             ? "changing of the axis (in the changed state there are restricted "
-                               "possibilities for designing)"
-                             : " changing x- and y-axis ");
 }
 
 // -------------------------------------------------------------------------------------------- data
@@ -451,8 +449,11 @@ void DiagramWindow::printPicture() {
 }
 
 void DiagramWindow::copyTable() {
-    const std::string table = diagrams::curve_table(sheet_, curveInUse());
-    if (!table.empty()) dialogs::set_clipboard(table);
+    const int place = chooseCurve("Copy points of the curve");
+    const std::string table = diagrams::curve_table(sheet_, place);
+    if (table.empty()) return;
+    dialogs::set_clipboard(table);
+    status_->setText("Points copied of " + qt(diagrams::curve_name(sheet_, place)));
 }
 
 }  // namespace quor::gui

@@ -1,12 +1,17 @@
 #include "gui/diagrams/diagram_window.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDockWidget>
+#include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QStatusBar>
+#include <algorithm>
 
+#include "chart/chart_file.h"
 #include "common/dialogs.h"
+#include "datafiles/measured_table.h"
 #include "datafiles/xy_file.h"
 #include "datafiles/xy_points.h"
 #include "diagrams/coordinates.h"
@@ -29,6 +34,7 @@
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "session/diagram_choice.h"
+#include "session/questions.h"
 #include "session/xy_session.h"
 
 namespace quor::gui {
@@ -76,6 +82,7 @@ DiagramWindow::DiagramWindow(Desk& desk, const diagrams::PreparedDiagram& prepar
     connectCanvas();
     resize(kFirstSize);
     refresh();
+    unsaved_ = false;
 }
 
 void DiagramWindow::keepChoice() {
@@ -90,7 +97,7 @@ void DiagramWindow::keepChoice() {
 
 void DiagramWindow::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter || sheet_.swapped_axes) return QMainWindow::keyPressEvent(event);
+    if (!enter) return QMainWindow::keyPressEvent(event);
     draw();
 }
 
@@ -184,11 +191,20 @@ void DiagramWindow::drawProcessLine(const diagrams::ProcessLine& line) {
         if (outcome.last) now->process_line.last = *outcome.last;
     }
     if (outcome.place >= 0) {
+        const diagrams::Upright upright(sheet_);
         const auto& curve = sheet_.chart.curves[static_cast<std::size_t>(outcome.place)];
         const std::string note =
             diagrams::one_point_note(*sheet_.request.diagram, curve.x, curve.y);
         if (!note.empty()) dialogs::tell(note, "Note");
     }
+    const bool isoline =
+        line.kind == diagrams::ProcessKind::polytropic && line.polytropic_points.empty();
+    if (outcome.place >= 0 && isoline &&
+        std::exchange(session_.change()->isoline_note_pending, false))
+        dialogs::tell(
+            "The program for polytropic processes is not there:\n"
+            "the line p v^n = const of the real gas is drawn\nby the equation of state instead.",
+            "Note", dialogs::Icon::Information);
     refresh();
 }
 
@@ -219,14 +235,23 @@ void DiagramWindow::addLegend() {
 
 void DiagramWindow::load() {
     becomeCurrent();
+    if (!mayLeave()) return;
     const bool withNote = std::exchange(session_.change()->diagram_note_pending, false);
-    const diagrams::LoadAnswer answer =
-        diagrams::load_oc2(sheet_, session_->folder_diagrams, withNote);
+    take(diagrams::load_oc2(sheet_, session_->folder_diagrams, withNote));
+}
+
+void DiagramWindow::load(const std::string& file) {
+    becomeCurrent();
+    if (mayLeave()) take(diagrams::load_oc2(sheet_, file));
+}
+
+void DiagramWindow::take(const diagrams::LoadAnswer& answer) {
     session_.change()->folder_diagrams = answer.folder;
     switch (answer.outcome) {
         case diagrams::LoadOutcome::Loaded:
             break;
         case diagrams::LoadOutcome::Failed:
+            unsaved_ = false;  // it was asked about before
             return closeView();
         case diagrams::LoadOutcome::Cancelled:
             return refresh();
@@ -234,16 +259,78 @@ void DiagramWindow::load() {
     showCaption(qt(paths::file_title(sheet_.loaded_file)));
     canvas_->forgetZoom();
     refresh();
+    unsaved_ = false;
 }
 
-void DiagramWindow::save() {
-    const auto answer = diagrams::save_oc2(sheet_, session_->folder_diagrams);
+// A diagram from a file may be shown before there is a substance; its curves to come need one.
+void DiagramWindow::chooseSubstance() {
+    becomeCurrent();
+    desk_.doors.chooseSubstance(diagrams::named_substance(sheet_.chart));
+    if (!hasFluid()) return;
+    try {
+        if (const diagrams::Diagram* diagram = sheet_.request.diagram)
+            sheet_.at = diagrams::prepare_diagram(*diagram, session::present_basis(session_),
+                                                  session::present_start(session_))
+                            .start.at;
+    } catch (const std::exception&) {
+        // Without parameters of its own the sheet keeps those that it has: drawing tells the rest.
+    }
+    refresh();
+}
+
+bool DiagramWindow::hasFluid() const {
+    return session::present_pen(session_).has_fluid();
+}
+
+bool DiagramWindow::save() {
+    const models::SubstanceRecord* substance = diagrams::first_substance(sheet_);
+    const std::string proposed = diagrams::proposed_file(
+        sheet_, substance == nullptr ? "" : session::short_name(session_, *substance));
+    const auto answer = diagrams::save_oc2(sheet_, session_->folder_diagrams, proposed);
     session_.change()->folder_diagrams = answer.folder;
+    if (answer.saved) unsaved_ = false;
+    return answer.saved;
+}
+
+bool DiagramWindow::mayLeave() {
+    const bool content = diagrams::curve_count(sheet_) > 0 || diagrams::point_set_count(sheet_) > 0;
+    return !unsaved_ || !content || session::may_leave_unsaved([this] { return save(); });
+}
+
+void DiagramWindow::closeEvent(QCloseEvent* event) {
+    if (!mayLeave()) {
+        event->ignore();
+        return;
+    }
+    ChartWindow::closeEvent(event);
+}
+
+int DiagramWindow::chooseCurve(const QString& title) {
+    QStringList names;
+    std::vector<int> places;
+    for (int place = 0; place < static_cast<int>(sheet_.curves.size()); ++place) {
+        if (!diagrams::is_drawn(sheet_, place)) continue;
+        names << QString("%1: %2").arg(place + 1).arg(qt(diagrams::curve_name(sheet_, place)));
+        places.push_back(place);
+    }
+    if (places.size() < 2) return places.empty() ? -1 : places.front();
+    QInputDialog box(desk_.frameWindow());
+    box.setObjectName("frmChooseCurve");
+    box.setWindowTitle(title);
+    box.setLabelText("Curve:");
+    box.setComboBoxItems(names);
+    const auto used = std::find(places.begin(), places.end(), curveInUse());
+    if (used != places.end())
+        box.setTextValue(names[static_cast<qsizetype>(used - places.begin())]);
+    if (desk_.openModal(box) != QDialog::Accepted) return -1;
+    const qsizetype chosen = names.indexOf(box.textValue());
+    return chosen < 0 ? -1 : places[static_cast<std::size_t>(chosen)];
 }
 
 void DiagramWindow::saveCurve() {
     std::vector<datafiles::FitPoint> points;
-    for (const diagrams::CurvePoint& point : diagrams::shown_points(sheet_, curveInUse()))
+    const int place = chooseCurve("Save curve as .XY");
+    for (const diagrams::CurvePoint& point : diagrams::shown_points(sheet_, place))
         points.push_back({point.x, point.y, 0});
     if (!points.empty()) session::save_curve_as_xy(session_, points);
 }
@@ -251,9 +338,9 @@ void DiagramWindow::saveCurve() {
 // ------------------------------------------------------------------------------------------ design
 
 void DiagramWindow::refresh() {
+    if (diagrams::differs(shown_, sheet_)) unsaved_ = true;
     paintSheet();
     panel_->follow();
-    canvas_->setZoomEnabled(!sheet_.swapped_axes);
     followSession();
     followMenus();
 }
@@ -267,10 +354,8 @@ void DiagramWindow::followSession() {
                                        : qt(fluid));
     QString parameter;
     try {
-        if (!sheet_.swapped_axes)
-            parameter = qt(diagrams::shown_parameter(sheet_.request.section(),
-                                                     diagrams::in_units_of(sheet_, pen.basis).units,
-                                                     sheet_.at));
+        parameter = qt(diagrams::shown_parameter(
+            sheet_.request.section(), diagrams::in_units_of(sheet_, pen.basis).units, sheet_.at));
     } catch (const std::exception&) {
         // The present fluid cannot be shown in the units of the sheet: drawing tells why.
     }
@@ -289,6 +374,7 @@ void DiagramWindow::rememberDesign(const QString& what) {
     const bool other = what.isEmpty() || what != designed_;
     designed_ = what;
     if (other && !sheet_.undo.empty()) sheet_.undo.back().is_design = false;
+    diagrams::follow_colours(sheet_, shown_.chart);
     diagrams::remember_design(sheet_, shown_, "Design");
 }
 
@@ -424,10 +510,9 @@ void openChosen(Desk& desk) {
     if (answer.opens) prepareAndOpen(desk, *diagram);
 }
 
-/// The XY editor's graph gets a diagram of its own, in which nothing is computed.
-void openEditorGraph(Desk& desk) {
+/// Points of an editor get a diagram of their own, in which nothing is computed.
+void openGraph(Desk& desk, const datafiles::XyGraph& graph, const std::string& comment) {
     const session::Session& session = desk.session();
-    const datafiles::XyGraph& graph = session->xy_graph;
     const diagrams::DiagramRequest request = diagrams::request_of_editor_graph(
         {graph.title,
          graph.x_title,
@@ -441,10 +526,15 @@ void openEditorGraph(Desk& desk) {
         y.push_back(point.y);
     }
     if (graph.as_points)
-        diagrams::add_editor_points(view->sheet(), x, y, session->xy.comment);
+        diagrams::add_editor_points(view->sheet(), x, y, comment);
     else
-        diagrams::add_editor_curve(view->sheet(), x, y, session->xy.comment);
+        diagrams::add_editor_curve(view->sheet(), x, y, comment);
     view->refresh();
+}
+
+void openMeasuredGraph(Desk& desk, const Result<datafiles::XyGraph>& graph) {
+    if (graph) return openGraph(desk, *graph, desk.session()->measured.comment);
+    dialogs::tell(graph.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
 }
 
 void calculateProcess(Desk& desk) {
@@ -476,21 +566,37 @@ void openFromMenu(Desk& desk) {
     calculation_views::openPartialChoice(desk, calculation::Task::vaporisationAtT, true);
 }
 
-void openEmpty(Desk& desk) {
+void openSaved(Desk& desk, const std::string& file) {
     const session::Session& session = desk.session();
-    const diagrams::DiagramStart start = session::present_start(session);
-    if (session->diagram == nullptr) {
-        DiagramWindow::openNew(desk, {{}, start}, session::present_pen(session).basis);
+    chart::Chart2D chart;
+    if (const Result<void> read = chart::load_chart(file, chart); !read) {
+        dialogs::tell(read.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
-    const diagrams::Basis basis = session::present_basis(session);
-    DiagramWindow::openNew(desk, diagrams::prepare_diagram(*session->diagram, basis, start), basis);
+    diagrams::DiagramRequest request;
+    diagrams::Basis basis;
+    if (const auto known =
+            diagrams::diagram_by_texts(chart.header.text, chart.x.title, chart.y.title)) {
+        request.diagram = known->diagram;
+        request.texts.title = chart.header.text;
+        basis.units.choice = known->units;
+    }
+    DiagramWindow::openNew(desk, {request, session::present_start(session)}, basis)->load(file);
 }
 
 void install(Desk& desk) {
     desk.calculationViews.prepare_diagram = [&desk] { openChosen(desk); };
     desk.calculationViews.open_process_view = [&desk] { calculateProcess(desk); };
-    desk.doors.drawXy = [&desk] { openEditorGraph(desk); };
+    desk.doors.drawXy = [&desk] {
+        openGraph(desk, desk.session()->xy_graph, desk.session()->xy.comment);
+    };
+    desk.doors.drawMeasured = [&desk] {
+        const session::Session& session = desk.session();
+        openMeasuredGraph(desk, datafiles::measured_graph(session->measured, session->fit_column));
+    };
+    desk.doors.drawMeasuredLn = [&desk] {
+        openMeasuredGraph(desk, datafiles::measured_graph_ln(desk.session()->measured));
+    };
 }
 
 }  // namespace diagram_views

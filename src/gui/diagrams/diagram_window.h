@@ -1,6 +1,7 @@
 #pragma once
 
 #include "diagrams/prepare_2d.h"
+#include "diagrams/sheet_file.h"
 #include "diagrams/sheet_marks.h"
 #include "gui/chart/chart2d_widget.h"
 #include "gui/diagrams/chart_window.h"
@@ -34,6 +35,8 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
 
     /// Asks for a saved diagram and shows it.
     void load();
+    /// Shows a known file.
+    void load(const std::string& file);
 
     diagrams::DiagramSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.
@@ -50,6 +53,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
     void keepChoice() override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     using Marking = bool (*)(diagrams::DiagramSheet&, const diagrams::Pen&);
@@ -86,12 +90,20 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
     void addMeasuredPoints();
     void addEditorPoints(bool asCurve);
     void saveCurve();
-    void save();
+    bool save();
+    /// Shows what was loaded, or closes after a failure.
+    void take(const diagrams::LoadAnswer& answer);
+    void chooseSubstance();
+    bool hasFluid() const;
+    /// Asks about curves and points that are in no file; true when they may go.
+    bool mayLeave();
     void copyPicture();
     void savePicture();
     void printPicture();
     void copyTable();
     int curveInUse() const;
+    /// The place of the only curve, or of the one that the user chooses; -1 when there is none.
+    int chooseCurve(const QString& title);
     void abortWhenEmpty();
     void showCaption(const QString& file = {});
 
@@ -100,6 +112,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
 
     diagrams::DiagramSheet sheet_;
     diagrams::SheetContent shown_;       ///< as it was painted last
+    bool unsaved_ = false;               ///< more than the window has changed since a file had it
     QString designed_;                   ///< control of the design panel that changed it last
     int curveRows_ = 0, pointRows_ = 0;  ///< of the menus that delete
     chart::Chart2DWidget* canvas_ = nullptr;
@@ -115,8 +128,8 @@ void install(Desk& desk);
 /// Opens the diagram chosen last in the menu, and the input of its first curve. A diagram that the
 /// present fluid cannot have is refused and said.
 void openFromMenu(Desk& desk);
-/// Opens a diagram for a file: that of the kind chosen last, without a curve.
-void openEmpty(Desk& desk);
+/// Opens a saved diagram. It is shown as it is; its next curve needs a substance.
+void openSaved(Desk& desk, const std::string& file);
 
 }  // namespace diagram_views
 

@@ -180,6 +180,8 @@ QWidget* ProcessLineDialog::buildFields() {
         grid->addWidget(par_[i], i / 2, 2 * (i % 2) + 1);
         connect(par_[i], &QLineEdit::textEdited, this, [this] { state_->clear(); });
     }
+    if (isPolytropic())
+        connect(par_[0], &QLineEdit::textChanged, this, &ProcessLineDialog::offerKappa);
     continue_ = form::named(new QCheckBox("Specif. for initial point = final point of last curve"),
                             "chkEndToBegin");
     continue_->setToolTip("... useful for continuated curves, e. g. for cyclic processes ");
@@ -241,6 +243,7 @@ void ProcessLineDialog::showStart() {
 
 /// The offers belong to the temperature of the start.
 void ProcessLineDialog::offerKappa() {
+    if (kappa_ == nullptr) return;
     const QString typed = kappa_->currentText();
     kappa_->clear();
     for (const diagrams::KappaOffer& offer :
@@ -296,7 +299,7 @@ diagrams::ProcessInput ProcessLineDialog::input() const {
     in.ideal_gas_equation = chosen(eos_, kIdealGas);
     in.end_to_begin = continue_->isChecked();
     if (isPolytropic()) {
-        in.kappa = numbers::val(kappa_->currentText().toStdString());
+        in.kappa = numbers::val_input(kappa_->currentText().toStdString());
         in.exponent = numberIn(exponent_);
     }
     // The fields show fewer digits than the last point has.
@@ -326,6 +329,11 @@ Result<diagrams::ProcessLine, diagrams::PolytropicFailure> ProcessLineDialog::as
 }
 
 bool ProcessLineDialog::runProgram() {
+    // A line can be drawn by the equation of state instead; who draws it says so.
+    if (task_.purpose == Purpose::Line && !task_.places.file_exists(diagrams::kPolytropicProgram)) {
+        task_.line.polytropic_points.clear();
+        return true;
+    }
     using enum diagrams::PolytropicFailure;
     auto answer = askProgram();
     if (answer) {
@@ -334,9 +342,8 @@ bool ProcessLineDialog::runProgram() {
     }
     task_.line.polytropic_points.clear();
     switch (answer.failure()) {
-        case missingProgram:  // told; a line can still be drawn by the equation of state
-            return task_.purpose == Purpose::Line;
-        case notWritten:  // told
+        case missingProgram:  // told
+        case notWritten:      // told
             return false;
         case givenUp:
             state_->setText("given up");

@@ -13,7 +13,6 @@ namespace {
 using datafiles::GroupFrame;
 
 constexpr auto kFitView = "frmQFitting";
-constexpr int kFourthPage = 3;
 
 FitView* shownFit(Desk& desk) {
     if (auto* view = desk.find<FitView>(kFitView)) {
@@ -38,7 +37,7 @@ void install(Desk& desk) {
 }
 
 void openFitting(Desk& desk) {
-    shownFit(desk)->showTab(kFourthPage);
+    shownFit(desk)->showChosenTab();
 }
 
 void openGroups(Desk& desk, GroupFrame frame) {

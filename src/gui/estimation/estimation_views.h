@@ -12,7 +12,7 @@ namespace estimation_views {
 /// Opens the doors `fit` (the editors send their points) and `estimate`.
 void install(Desk& desk);
 
-/// The fitting view on the page of the enthalpy of vaporisation.
+/// The fitting view on the page of its chosen model.
 void openFitting(Desk& desk);
 /// A group contribution method for the active substance.
 void openGroups(Desk& desk, datafiles::GroupFrame frame);

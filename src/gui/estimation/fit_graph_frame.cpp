@@ -1,5 +1,6 @@
 #include "gui/estimation/fit_graph_frame.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -9,6 +10,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "gui/chart/chart2d_plot.h"
+#include "gui/chart/picture_export.h"
 #include "gui/estimation/fit_chart.h"
 #include "gui/widgets/child_view.h"
 #include "gui/widgets/form.h"
@@ -20,6 +22,7 @@ namespace quor::gui {
 namespace {
 
 constexpr QSize kLeastChart(380, 200);
+constexpr QSizeF kPrinted(640, 420);
 constexpr int kValueDigits = 10;
 
 QString general(double value) {
@@ -44,6 +47,10 @@ FitGraphFrame::FitGraphFrame(const estimation::FitState& fit, QWidget* parent)
     };
     button("&Function", "cmdGraphFunction", &FitGraphFrame::showFunction);
     button("&Residuals", "cmdGraphResid", &FitGraphFrame::showResiduals);
+    relative_ = form::named(new QCheckBox("relati&ve"), "chkRelative");
+    relative_->setToolTip(" residuals in per cent of the measured values ");
+    connect(relative_, &QCheckBox::clicked, this, &FitGraphFrame::showResiduals);
+    buttons->addWidget(relative_);
     button("&ln p over 1/T", "cmdGraphLnp", &FitGraphFrame::showLnp);
     buttons->addStretch(1);
     auto* layout = new QVBoxLayout(this);
@@ -87,6 +94,12 @@ void FitGraphFrame::showFit() {
     if (fit_.fitted) showFunction();
 }
 
+std::string FitGraphFrame::drawing() const {
+    return chart::pictureBytes(chart::paintingOf(chart_), chart::PictureFormat::Svg,
+                               {.size = kPrinted, .title = "Fitting"})
+        .toStdString();
+}
+
 void FitGraphFrame::display(chart::Chart2D chart) {
     chart_ = std::move(chart);
     plot_->show2D(&chart_);
@@ -97,7 +110,9 @@ void FitGraphFrame::showFunction() {
 }
 
 void FitGraphFrame::showResiduals() {
-    display(estimation::chartOf(estimation::residual_graph(fit_), true));
+    const auto kind =
+        relative_->isChecked() ? estimation::Residuals::Relative : estimation::Residuals::Absolute;
+    display(estimation::chartOf(estimation::residual_graph(fit_, kind), true));
 }
 
 void FitGraphFrame::showLnp() {

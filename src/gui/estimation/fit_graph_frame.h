@@ -2,11 +2,13 @@
 
 #include <QGroupBox>
 #include <array>
+#include <string>
 
 #include "estimation/fit_state.h"
 
 #include "chart/chart2d.h"
 
+class QCheckBox;
 class QLabel;
 class QRadioButton;
 
@@ -34,6 +36,8 @@ class FitGraphFrame : public QGroupBox {
     void showFit();
 
     const chart::Chart2D& shown() const { return chart_; }
+    /// The graph as a drawing for the printer.
+    std::string drawing() const;
 
   private:
     QWidget* buildCalculator();
@@ -45,6 +49,7 @@ class FitGraphFrame : public QGroupBox {
 
     chart::Chart2D chart_;
     chart::Chart2DPlot* plot_ = nullptr;
+    QCheckBox* relative_ = nullptr;
     std::array<QRadioButton*, 2> direction_{};
     NumberEdit* value_ = nullptr;
     QLabel* result_ = nullptr;

@@ -7,7 +7,10 @@
 #include <QToolButton>
 
 #include "common/numbers.h"
+#include "estimation/fit_report.h"
 #include "estimation/fit_run.h"
+#include "estimation/fit_worth.h"
+#include "gui/widgets/exact_copy.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
@@ -19,27 +22,32 @@ namespace {
 
 using estimation::FitModelRow;
 
-constexpr int kStartDigits = 17, kResultDigits = 18, kDeviationDigits = 13;
 constexpr auto kNone = " ---";
+// The longest texts of a parameter, and of what says how uncertain it is.
+constexpr auto kLongestParameter = "-0.00000000000E-000", kLongestDeviation = "± 0.000000E-000";
 
 enum Column { kLabel, kStart, kFixed, kLeft, kResult, kStdDev, kInterval };
 
 QString number(double value) {
-    return qt(numbers::general(value)).trimmed();
+    return qt(estimation::parameter_text(value));
 }
 
-/// Seven digits suffice for what says how uncertain a value is.
-QString rough(double value) {
-    if (value == estimation::kNoStdDev) return kNone;
-    return qt(numbers::general(static_cast<float>(value))).trimmed();
+QString rough(const std::optional<double>& value, const QString& sign = {}) {
+    return value ? sign + qt(estimation::rough_text(*value)) : QString(kNone);
 }
 
-QLineEdit* output(const QString& name, int digits) {
+/// Wide enough for a text, with the edges of the field and the room that it keeps beside a text.
+void setRoomFor(QLineEdit* field, const QString& longest) {
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(longest) +
+                           field->sizeHint().height());
+}
+
+QLineEdit* output(const QString& name, const QString& longest) {
     auto* field = form::named(new QLineEdit, name);
     field->setReadOnly(true);
     field->setAlignment(Qt::AlignRight);
     field->setFocusPolicy(Qt::ClickFocus);
-    field->setMinimumWidth(field->fontMetrics().horizontalAdvance('0') * digits);
+    setRoomFor(field, longest);
     return field;
 }
 
@@ -118,14 +126,21 @@ FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
     const QString index = QString("_%1").arg(i);
     Row row{};
     row.start = form::named(new NumberEdit, "txtStart" + index);
-    row.start->setMinimumWidth(row.start->fontMetrics().horizontalAdvance('0') * kStartDigits);
+    setRoomFor(row.start, kLongestParameter);
     row.label = form::caption({}, row.start);
     row.label->setObjectName("lblPar" + index);
     row.fixed = form::named(new QCheckBox, "chkFix" + index);
     row.fixed->setToolTip(" held at its start value ");
-    row.result = output("txtResult" + index, kResultDigits);
-    row.stdDev = output("txtStdDev" + index, kDeviationDigits);
-    row.interval = output("txtInterval" + index, kDeviationDigits);
+    row.result = output("txtResult" + index, kLongestParameter);
+    row.stdDev = output("txtStdDev" + index, kLongestDeviation);
+    row.interval = output("txtInterval" + index, kLongestDeviation);
+    const auto copies = [this, i](QLineEdit* field, const estimation::Parameters& values) {
+        copyExactly(field, [field, &value = values[static_cast<std::size_t>(i)]] {
+            return field->text() == number(value) ? std::optional(value) : std::nullopt;
+        });
+    };
+    copies(row.start, fit_.start);
+    copies(row.result, fit_.parameters);
     row.left = arrow("<", "cmdleft" + index, " apply result as new starting value ");
     connect(row.start, &QLineEdit::editingFinished, this, [this, i] { finishStart(i); });
     connect(row.fixed, &QCheckBox::clicked, this, [this, i](bool on) { fix(i, on); });
@@ -184,10 +199,9 @@ void FitParameterRows::showResults() {
             part->setVisible(used);
         if (!used) continue;
         showNumber(row.result, number(fit_.parameters[i]));
-        row.stdDev->setText(computed ? QString() : rough(fit_.std_dev[i]));
-        const double half = fit_.report.half_width[i];
-        const bool adjusted = !fit_.fixed[i] && !computed && half != estimation::kNoStdDev;
-        row.interval->setText(adjusted && half > 0 ? "± " + rough(half) : QString());
+        row.stdDev->setText(computed ? QString() : rough(standard_deviation(fit_, i)));
+        const bool adjusted = !fit_.fixed[i] && !computed;
+        row.interval->setText(adjusted ? rough(interval95(fit_, i), "± ") : QString());
     }
     for (QWidget* head : resultHeads_)
         if (head != nullptr) head->setVisible(fit_.fitted);
@@ -212,7 +226,14 @@ void FitParameterRows::finishStart(int i) {
 }
 
 void FitParameterRows::finishCritical() {
-    finish(Tcr_, fit_.Tcr, "Change Tcr");
+    double Tcr = fit_.Tcr;
+    take(Tcr_, Tcr);
+    if (Tcr_->isUndoAvailable()) Tcr_->setText(Tcr_->text());
+    if (Tcr != fit_.Tcr) {
+        estimation::change_Tcr(fit_, Tcr);
+        showStartValues();
+        Q_EMIT changed("Change Tcr");
+    }
     finish(pcr_, fit_.pcr, "Change pcr");
 }
 

@@ -7,8 +7,9 @@
 #include <QVBoxLayout>
 
 #include "common/numbers.h"
+#include "estimation/fit_report.h"
 #include "estimation/fit_run.h"
-#include "estimation/fit_statistics.h"
+#include "estimation/fit_worth.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
@@ -20,17 +21,6 @@ namespace {
 using estimation::FitModelRow;
 
 constexpr int kCellPadding = 6;
-
-QString percent(double value) {
-    return qt(numbers::general(static_cast<float>(value))).trimmed() + " %";
-}
-
-QString deviations(const estimation::FitReport& report) {
-    if (!report.has_deviations) return {};
-    return "mean deviation " + percent(report.mean_deviation) + ", largest " +
-           percent(report.largest_deviation) + " at " +
-           qt(numbers::general(static_cast<float>(report.largest_at))).trimmed();
-}
 
 /// The name of a parameter without what follows it on its label.
 QString shortLabel(const FitModelRow& row, std::size_t i) {
@@ -90,10 +80,11 @@ void FitQualityFrame::showFit() {
     sR_->setText(qt(texts.residual_deviation));
     explanation_->setText(qt(texts.explain_sum_of_squares) + "\n" +
                           qt(texts.explain_residual_deviation) + "\n" + qt(texts.symbols));
-    deviations_->setText(deviations(fit_.report));
+    deviations_->setText(qt(estimation::deviation_text(fit_.report)));
     deviations_->setVisible(!deviations_->text().isEmpty());
     QStringList notes;
-    for (const std::string& note : estimation::fit_notes(fit_)) notes << qt(note);
+    if (is_worthless(fit_)) notes << "This fit is worthless:";
+    for (const estimation::FitNote& note : estimation::fit_notes(fit_)) notes << qt(note.text);
     notes_->setText(notes.join('\n'));
     notes_->setVisible(!notes.isEmpty());
     showCorrelation();

@@ -11,8 +11,10 @@
 
 #include "common/dialogs.h"
 #include "estimation/fit_apply.h"
+#include "estimation/fit_report.h"
 #include "estimation/fit_run.h"
 #include "estimation/fit_start_values.h"
+#include "estimation/fit_worth.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
@@ -114,9 +116,7 @@ void FitView::showPresent() {
     title_->setText(qt(estimation::fit_title(fit_)));
     showTarget();
     showModel();
-    if (otherModel)
-        if (const FitModelRow* row = estimation::find_model(now.model))
-            showTab(static_cast<int>(row->tab));
+    if (otherModel) showChosenTab();
     if (!resultsStay) dropResults();
 }
 
@@ -219,11 +219,7 @@ QWidget* FitView::buildCommands() {
     QPushButton* tpv = form::button("Data import &T-p-V-editor", "cmdGotoTpvEditor");
     tpv->setEnabled(static_cast<bool>(desk_.doors.editMeasuredData));
     connect(tpv, &QPushButton::clicked, this, [this] { desk_.doors.editMeasuredData(); });
-    QPushButton* print = form::button("P&rint", "cmdPrint");
-    connect(print, &QPushButton::clicked, this, [this] {
-        dialogs::print_out(
-            {.title = "Fitting", .font = "COURIER", .text = form::textOf(this).toStdString()});
-    });
+    QPushButton* print = printButton([this] { this->print(); });
     QPushButton* help = form::button("&Help", "Hilfe");
     desk_.connectHelp(help, help::kFitting);
     QPushButton* close = form::button("&Close", "ESC");
@@ -288,6 +284,11 @@ void FitView::showTab(int index) {
     data_->setText(qt(estimation::data_caption(static_cast<FitTab>(index))));
 }
 
+void FitView::showChosenTab() {
+    if (const FitModelRow* row = estimation::find_model(fit_.model))
+        showTab(static_cast<int>(row->tab));
+}
+
 void FitView::chooseModel(int number) {
     rows_->read();
     beginFit(number);
@@ -302,7 +303,7 @@ void FitView::beginFit(int number) {
 }
 
 void FitView::showModel() {
-    for (QRadioButton* option : logFit_) option->setEnabled(!isLinear());
+    for (QRadioButton* option : logFit_) option->setEnabled(!estimation::is_linear(fit_));
     showEquation();
     rows_->showSettings();
 }
@@ -358,24 +359,35 @@ void FitView::propose() {
     remember("Propose start values");
 }
 
+void FitView::print() {
+    rows_->read();
+    dialogs::PrintJob job{
+        .title = "Fitting", .font = "COURIER", .text = estimation::fit_report(fit_)};
+    if (fit_.fitted) job.drawing = graph_->drawing();
+    dialogs::print_out(job);
+}
+
 void FitView::apply() {
-    if (!estimation::has_place(fit_.model)) return;
+    const std::string flaws = fit_.fitted ? estimation::worthless_text(fit_) : "";
+    if (!flaws.empty() &&
+        !dialogs::ask("This fit is worthless:\n" + flaws + "\n\nApply its parameters nevertheless?",
+                      "WARNING", dialogs::Icon::Exclamation, false))
+        return;
     const Result<estimation::AppliedFit> applied = estimation::apply_fit(fit_, session_->substance);
     if (!applied) {
         dialogs::tell(applied.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         showTarget();
         return;
     }
-    session_.change()->substance = applied->substance;
+    {
+        const auto now = session_.change();
+        now->substance = applied->substance;
+        now->applied_unsaved = true;
+    }
     for (const std::string& text : {applied->message, std::string(estimation::kNowActive)})
         if (!text.empty())
             dialogs::tell(text, "Parameters succuessfully applied", dialogs::Icon::Information);
     desk_.refresh();
-}
-
-bool FitView::isLinear() const {
-    const FitModelRow* row = estimation::find_model(fit_.model);
-    return row != nullptr && row->basis != nullptr;
 }
 
 void FitView::dropResults() {

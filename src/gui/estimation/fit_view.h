@@ -36,6 +36,8 @@ class FitView : public ChildView, public FollowsSession, public Undoable {
     const estimation::FitState& state() const { return fit_; }
     /// Brings a tab to the front, counted from 0.
     void showTab(int index);
+    /// Brings the tab of the chosen model to the front.
+    void showChosenTab();
 
     QString undoName() const override;
     QString redoName() const override;
@@ -60,6 +62,7 @@ class FitView : public ChildView, public FollowsSession, public Undoable {
     void start();
     void propose();
     void apply();
+    void print();
     /// The results of the last fit are no longer those of what stands in the view.
     void dropResults();
     void showEquation();
@@ -67,7 +70,6 @@ class FitView : public ChildView, public FollowsSession, public Undoable {
     void showTarget();
     /// From here on the fit belongs to the active substance.
     void adoptSubstance();
-    bool isLinear() const;
     void showResults();
 
     estimation::FitState fit_;

@@ -281,6 +281,7 @@ void GroupContributionView::clearResults() {
                              coefficients_[1], coefficients_[2], coefficients_[3]})
         if (field != nullptr) field->setText(kNone);
     if (rhoc_ != nullptr) rhoc_->setToolTip(kDensityTip);
+    if (status_ != nullptr) status_->setText(kExample);
     offerTransfer(false);
 }
 
@@ -309,6 +310,10 @@ void GroupContributionView::calculateCritical() {
     vc_->setText(qt(estimation::volume_text(critical_.vc)));
     rhoc_->setText(qt(estimation::density_text(critical_.rhoc)));
     if (critical_.rhoc) rhoc_->setToolTip(qt(estimation::density_tooltip(groups)));
+    QStringList implausible;
+    for (const std::string& note : estimation::implausible_values(critical_))
+        implausible << qt(note);
+    if (!implausible.isEmpty()) status_->setText(implausible.join(QChar(10)));
 }
 
 void GroupContributionView::calculateFormation() {

@@ -86,6 +86,10 @@ void ModelDialog::arrange() {
         return button;
     };
     QToolButton* eosHelp = row(0, "&Equation of State", eos_, "EOSHilfe", "equation of state");
+    coefficients_ = form::button("Coe&fficients ...", "cmdCoefficients");
+    coefficients_->setToolTip("b0, b1 and b2 of B = b0 - b1/T^b2");
+    connect(coefficients_, &QPushButton::clicked, this, &ModelDialog::askManualVirial);
+    grid->addWidget(coefficients_, 0, 3);
     QToolButton* vpHelp =
         row(1, "&Vapour pressure equation", vp_, "pHilfe", "vapour pressure equation");
     QToolButton* hlvHelp =
@@ -207,6 +211,7 @@ void ModelDialog::follow() {
         fill(hlv_, choice_.hlv(), choice_.hlv_index());
     watsonCaption_->setVisible(choice_.watson_visible());
     watson_->setVisible(choice_.watson_visible());
+    coefficients_->setVisible(choice_.models().eos == models::Eos::manualVirial);
     priorityFrame_->setEnabled(choice_.priority_enabled());
     const QSignalBlocker quiet0(priority_[0]), quiet1(priority_[1]);
     priority_[0]->setChecked(choice_.models().eos_has_priority);

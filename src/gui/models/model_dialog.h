@@ -51,6 +51,7 @@ class ModelDialog : public QDialog {
     models::ModelChoice choice_;
     Session session_;
     QComboBox* eos_ = nullptr;
+    QPushButton* coefficients_ = nullptr;  ///< of the manual virial equation
     QComboBox* vp_ = nullptr;
     QComboBox* hlv_ = nullptr;
     QComboBox* watson_ = nullptr;

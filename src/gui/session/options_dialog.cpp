@@ -180,9 +180,11 @@ void OptionsDialog::apply() {
     c.s_without_tie_line = sCurve_->isChecked();
     c.partial_gas = partialGas_->isChecked();
     c.points = points_->value();
-    if (!session::apply_options(desk_.session(), c)) return;
-    // The axes of an open diagram are no longer valid in other units.
-    if (desk_.session()->units_changed) desk_.closeViews({"frmGraph2D", "frmGraph3D"});
+    // The axes of an open diagram are not valid in other units; one with something unsaved may
+    // stay, and then so do the units.
+    const bool may = !session::changes_units(desk_.session(), c) ||
+                     desk_.closeViews({"frmGraph2D", "frmGraph3D"});
+    if (!may || !session::apply_options(desk_.session(), c)) return;
     desk_.refresh();
     accept();
 }

@@ -102,7 +102,10 @@ void SurfaceWindow::loadOC3() {
 }
 
 void SurfaceWindow::saveOC3() {
-    const auto answer = diagrams::save_oc3(sheet_, session_->folder_surfaces);
+    const auto answer = diagrams::save_oc3(
+        sheet_, session_->folder_surfaces,
+        diagrams::proposed_file(sheet_,
+                                session::short_name(session_, sheet_.basis.fluid.substance())));
     session_.change()->folder_surfaces = answer.folder;
 }
 

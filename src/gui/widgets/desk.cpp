@@ -87,11 +87,16 @@ bool Desk::activate(const QString& name) {
     return true;
 }
 
-void Desk::closeViews(const QStringList& names) {
+bool Desk::closeViews(const QStringList& names) {
+    bool all = true;
     // A name may stand for several views; one that refuses to close ends its row.
     for (const QString& name : names)
         while (QWidget* view = findView(name))
-            if (!outerWindow(view)->close()) break;
+            if (!outerWindow(view)->close()) {
+                all = false;
+                break;
+            }
+    return all;
 }
 
 QStringList Desk::resultViews() {

@@ -19,7 +19,10 @@ namespace quor::gui {
 /// What a view may ask of others. The program hands in functions of real views; where one is
 /// missing, the button that needs it is disabled.
 struct Doors {
-    std::function<void()> chooseReference;   ///< `ReferenceStateDialog`
+    std::function<void()> chooseReference;  ///< `ReferenceStateDialog`
+    /// The choice of a substance, of a database that is asked for where none is open. It begins
+    /// with a name.
+    std::function<void(const std::string& name)> chooseSubstance;
     std::function<void()> editSubstance;     ///< `SubstanceEditorView`, modal
     std::function<void()> showSubstance;     ///< the same, for reading only
     std::function<void()> newMeasuredData;   ///< `MeasuredDataEditor` without data
@@ -87,8 +90,8 @@ class Desk {
     bool isOpen(const QWidget* view) const;
     /// Brings an open view to the front and gives it the focus; false when it is not open.
     bool activate(const QString& name);
-    /// Closes the open views of these names.
-    void closeViews(const QStringList& names);
+    /// Closes the open views of these names; false when one refuses.
+    bool closeViews(const QStringList& names);
 
     /// The views of results and of input, which make room for a new task.
     static QStringList resultViews();

@@ -1,15 +1,10 @@
 #include "gui/widgets/number_edit.h"
 
-#include <QAction>
 #include <QFocusEvent>
-#include <QPalette>
 #include <QRegularExpressionValidator>
-#include <QStyle>
 #include <QTimer>
-#include <QToolTip>
 
 #include "common/numbers.h"
-#include "gui/widgets/theme.h"
 
 namespace quor::gui {
 
@@ -22,59 +17,55 @@ const QRegularExpression& typedNumber() {
     return form;
 }
 
-const QRegularExpression& wholeNumber() {
-    static const QRegularExpression form(
-        QStringLiteral("^\\s*[+-]?(\\d+[.,]?\\d*|[.,]\\d+)([eEdD][+-]?\\d+)?\\s*$"));
-    return form;
-}
+// Lets stand what looks like a number but is none, so that it can be marked: "1.000,5".
+class NumberValidator : public QRegularExpressionValidator {
+  public:
+    explicit NumberValidator(QObject* parent)
+        : QRegularExpressionValidator(typedNumber(), parent) {}
 
+    State validate(QString& input, int& cursor) const override {
+        static const QRegularExpression characters(
+            QStringLiteral("^[0-9.,eEdD+\\-\\s'\u00a0\u2009\u202f\u2019]*$"));
+        const State state = QRegularExpressionValidator::validate(input, cursor);
+        const bool stands = state == Invalid && characters.match(input).hasMatch();
+        return stands ? Intermediate : state;
+    }
+};
+
+constexpr auto kNotOneNumber =
+    "This cannot be read as one number: a point or a comma may stand once, as the decimal mark";
 constexpr int kDigitsShown = 14;
 
 }  // namespace
 
 NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
-    setValidator(new QRegularExpressionValidator(typedNumber(), this));
+    setValidator(new NumberValidator(this));
     setAlignment(Qt::AlignRight);
-    connect(this, &QLineEdit::textEdited, this, &NumberEdit::clearMark);
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        mark_.clear();
+        if (!hasAcceptableInput()) mark_.set(kNotOneNumber);
+    });
 }
 
 double NumberEdit::value() const {
-    return numbers::val_input(text().toStdString());
+    return numbers::typed_number(text().toStdString()).value_or(0);
 }
 
 bool NumberEdit::holdsNumber() const {
-    return wholeNumber().match(text()).hasMatch();
+    return numbers::typed_number(text().toStdString()).has_value();
 }
 
 void NumberEdit::setValue(double value) {
     setText(QString::fromStdString(numbers::general(value)).trimmed());
-    clearMark();
+    mark_.clear();
 }
 
 void NumberEdit::setMark(const QString& message) {
-    clearMark();
-    mark_ = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), TrailingPosition);
-    mark_->setToolTip(message);
-    setToolTip(message);
-    setAccessibleDescription(message);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Text, theme::errorColour());
-    setPalette(colours);
-    if (isVisible()) QToolTip::showText(mapToGlobal(QPoint(0, height())), message, this);
+    mark_.set(message);
 }
 
 bool NumberEdit::isMarked() const {
-    return mark_ != nullptr;
-}
-
-void NumberEdit::clearMark() {
-    if (mark_ == nullptr) return;
-    removeAction(mark_);
-    mark_->deleteLater();
-    mark_ = nullptr;
-    setToolTip({});
-    setAccessibleDescription({});
-    setPalette({});
+    return mark_.isSet();
 }
 
 void NumberEdit::focusInEvent(QFocusEvent* event) {

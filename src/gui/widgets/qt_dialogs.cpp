@@ -7,6 +7,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QSvgRenderer>
 
 #include "common/text.h"
 #include "gui/widgets/print_page.h"
@@ -136,6 +138,12 @@ std::optional<std::string> input(const Input& i) {
     return box.textValue().toStdString();
 }
 
+// The extension of a filter like "Bitmap (*.bmp)"; empty for one that takes all.
+QString suffixOf(const QString& filter) {
+    static const QRegularExpression pattern(QStringLiteral("\\(\\*\\.([A-Za-z0-9]+)"));
+    return pattern.match(filter).captured(1);
+}
+
 std::optional<std::string> file(const FileChoice& c) {
     const PlainPointer plain;
     QFileDialog box(frontWindow(), qt(c.title));
@@ -145,10 +153,13 @@ std::optional<std::string> file(const FileChoice& c) {
     box.setFileMode(c.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     box.setOption(QFileDialog::DontConfirmOverwrite, !c.overwrite_prompt);
     if (!c.folder.empty()) box.setDirectory(QDir::fromNativeSeparators(qt(c.folder)));
-    if (!c.default_extension.empty()) {
-        const QString extension = qt(c.default_extension);
-        box.setDefaultSuffix(extension.startsWith('.') ? extension.mid(1) : extension);
-    }
+    const QString extension = qt(c.default_extension);
+    box.setDefaultSuffix(extension.startsWith('.') ? extension.mid(1) : extension);
+    // A name without an extension becomes a file of the kind that is chosen.
+    QObject::connect(&box, &QFileDialog::filterSelected, &box, [&box](const QString& chosen) {
+        const QString suffix = suffixOf(chosen);
+        if (!suffix.isEmpty()) box.setDefaultSuffix(suffix);
+    });
     if (!c.name.empty()) box.selectFile(qt(c.name));
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
     return QDir::toNativeSeparators(box.selectedFiles().constFirst()).toStdString();
@@ -156,8 +167,15 @@ std::optional<std::string> file(const FileChoice& c) {
 
 bool print(const PrintJob& job) {
     const PlainPointer plain;
-    return gui::printing::print(
-        {.title = qt(job.title), .text = qt(job.text), .family = qt(job.font)}, frontWindow());
+    gui::printing::Page page{.title = qt(job.title), .text = qt(job.text), .family = qt(job.font)};
+    QSvgRenderer drawing(QByteArray::fromStdString(job.drawing));
+    if (drawing.isValid()) {
+        page.picture = [&drawing](QPainter& painter, const QRectF& place) {
+            drawing.render(&painter, place);
+        };
+        page.pictureSize = drawing.defaultSize();
+    }
+    return gui::printing::print(page, frontWindow());
 }
 
 void pointer(bool busy) {

@@ -48,6 +48,20 @@ CLI::Option* add_option(CLI::App& app, const Option& option, Arguments& a) {
     return added;
 }
 
+/// "--set A=1 B=2" is "--set A=1 --set B=2".
+std::vector<std::string> with_every_set(const std::vector<std::string>& words) {
+    std::vector<std::string> all;
+    bool in_set = false;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::string& word = words[i];
+        const bool assigns = !word.starts_with('-') && word.find('=') != std::string::npos;
+        if (in_set && assigns && words[i - 1] != "--set") all.emplace_back("--set");
+        in_set = word == "--set" || (in_set && assigns);
+        all.push_back(word);
+    }
+    return all;
+}
+
 /// An option as a command has it: "T!" is needed, "T" may be given.
 struct Wanted {
     std::string_view name;
@@ -95,6 +109,7 @@ Parser::Reader::Reader() {
 
 Arguments Parser::Reader::read(std::vector<std::string> words) {
     arguments_ = {};
+    words = with_every_set(words);
     try {
         std::ranges::reverse(words);
         app_.parse(words);

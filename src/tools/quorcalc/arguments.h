@@ -21,11 +21,11 @@ struct Arguments {
     bool json = false;
 
     // What to calculate
-    std::optional<double> T, p, v, rho, V, m, Tcr, pcr, Tb, fraction;
+    std::optional<double> T, p, v, rho, V, m, Tcr, pcr, Tb, fraction, from, to;
     std::optional<int> mode, page, kind, nx, ny, points, model;
     std::string code, row, type, window, file, lst, start, fix, groups, liquid, png, svg, pdf;
     bool global = false, partial = false, uhs = false, scurve = false, tieline = false, log = false,
-         lg = false;
+         lg = false, propose = false, points_out = false;
 };
 
 /// Reads calls. A parser is dear to make and may read any number of them.

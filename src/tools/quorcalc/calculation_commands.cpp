@@ -35,6 +35,25 @@ calculation::Pages pages_of(const Arguments& a) {
     return {.residual = page == 2 || page == 4, .derivatives = page >= 3, .functions = a.uhs};
 }
 
+/// The list of a batch shows the further pages of states.
+void refuse_pages(const calculation::Task task, const calculation::Pages& pages) {
+    if (pages.tables() && (is_vaporisation(task) || is_database_function(task)))
+        throw WrongCall{"--page: this calculation has no further pages"};
+}
+
+/// What a failed calculation shows in place of a result.
+std::string failure_text(const report::Report& r) {
+    const std::string head = report::head_as_text(r);
+    std::string all = report::result_as_text(r);
+    if (all.starts_with(head)) all.erase(0, head.size());
+    std::string reasons;
+    for (const std::string& line : text::lines(all)) {
+        const std::string words = text::trim(line);
+        if (!words.empty()) reasons += (reasons.empty() ? "" : "\n") + words;
+    }
+    return reasons.empty() ? "no result with these input data" : reasons;
+}
+
 calculation::Task task_of(const Arguments& a) {
     if (*a.mode < 1 || *a.mode > 24) throw WrongCall{"--mode is 1 to 24"};
     return calculation::task_of_code(*a.mode);
@@ -66,23 +85,26 @@ Json calc(Call& call, const Arguments& a) {
     const calculation::Answer& answer = result.answer;
     Json fu = Json::array();
     for (const double value : result.numbers) fu.push_back(number(value));
-    return {{"status", result.failed() ? -1 : 0},
-            {"par1", r.par1.text},
-            {"par2", r.par2.text},
-            {"co1", r.co1.text},
-            {"co2", r.co2.text},
-            {"Liste", report::list_text(r)},
-            {"State", r.phases},
-            {"Fu", fu},
-            {"p", result.failed() ? Json() : present(answer.p)},
-            {"FractionV",
-             result.failed() ? Json() : Json(static_cast<double>(report::fraction_of(answer)))},
-            {"hasL", answer.phases.liquid.has_value()},
-            {"hasV", answer.phases.vapour.has_value()},
-            {"nRoots", answer.roots},
-            {"exit", result.refused()},
-            {"text", report::result_as_text(r)},
-            {"messages", Json::array()}};
+    Json all = {{"status", result.failed() ? -1 : 0},
+                {"par1", r.par1.text},
+                {"par2", r.par2.text},
+                {"co1", r.co1.text},
+                {"co2", r.co2.text},
+                {"Liste", report::list_text(r)},
+                {"State", r.phases},
+                {"Fu", fu},
+                {"p", result.failed() ? Json() : present(answer.p)},
+                {"FractionV",
+                 result.failed() ? Json() : Json(static_cast<double>(report::fraction_of(answer)))},
+                {"hasL", answer.phases.liquid.has_value()},
+                {"hasV", answer.phases.vapour.has_value()},
+                {"nRoots", answer.roots},
+                {"exit", result.refused()},
+                {"text", report::result_as_text(r)},
+                {"messages", Json::array()}};
+    if (result.failed())
+        all["message"] = call.messages.empty() ? failure_text(r) : call.messages.front();
+    return all;
 }
 
 /// The CASRN that a file of experimental data names.
@@ -106,6 +128,7 @@ Json batch(Call& call, const Arguments& a) {
         throw CannotBeDone{"nothing was loaded from " + file};
     state.task = task_of(asked);
     state.pages = pages_of(asked);
+    refuse_pages(state.task, state.pages);
     const report::Comparison comparison = report::compare(
         call.session.fluid(), call.session->reference, session::unit_choice(call.session.state()),
         state, session::measured_sets(call.session), call.session->measured.file);
@@ -151,12 +174,14 @@ std::vector<Command> calculation_commands() {
          "a whole calculation by its mode, with the texts of the result view",
          {"mode!", "T", "p", "rho", "V", "m", "global", "partial", "liquid", "page", "uhs"},
          calc,
-         calc_text},
+         calc_text,
+         true},
         {"batch",
          "a model against a file of experimental data (.BAQ)",
          {"file!", "mode!", "lst", "global", "partial", "liquid", "page"},
          batch,
-         batch_text},
+         batch_text,
+         true},
     };
 }
 

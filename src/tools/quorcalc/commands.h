@@ -29,6 +29,9 @@ struct Call {
     const std::vector<std::string>& messages;  ///< what the core has told during this call
 };
 
+/// The status of a result that stands there in full and is not to be trusted; the exit status is 1.
+inline constexpr int kWorthless = 1;
+
 /// One subcommand: its options ("T!" is needed, "T" may be given) and what it computes. The result
 /// holds `status`, and `message` when that is not 0.
 struct Command {
@@ -37,6 +40,7 @@ struct Command {
     Json (*run)(Call&, const Arguments&) = nullptr;
     /// Prints the result for a reader; nothing: one "key = value" a line.
     std::string (*text)(const Json& result) = nullptr;
+    bool in_chosen_units = false;  ///< its numbers follow --units
 };
 
 std::span<const Command> commands();
@@ -49,6 +53,10 @@ datafiles::Database database_of(Call& call, const Arguments& arguments);
 /// database, substance, overrides, models, units, reference state. Throws `CannotBeDone` or
 /// `WrongCall`.
 void set_up(Call& call, const Arguments& arguments);
+
+/// Adds to a result what it was calculated with: substance, models, units, reference state. Keys
+/// that the result has already stay.
+void name_inputs(const session::Session& session, const Command& command, Json& result);
 
 /// A number, or null for what is not there (0) or not finite.
 Json present(double value);

@@ -26,8 +26,7 @@ void draw(const Call& call, const Arguments& a, const diagrams::Basis& basis,
           const diagrams::CurveRequest& request, const diagrams::Curve& curve) {
     const diagrams::Diagram& diagram = diagrams::home_of(*request.curve);
     diagrams::DiagramRequest shown =
-        diagrams::prepare_diagram(*request.curve, basis, session::present_start(call.session))
-            .request;
+        diagrams::prepare_diagram(diagram, basis, session::present_start(call.session)).request;
     shown.window = request.window;
     diagrams::DiagramSheet sheet = diagrams::open_sheet(shown, basis, request.at);
     const diagrams::DiagramTexts texts = diagrams::texts_of(diagram, basis, shown.validity);
@@ -56,6 +55,36 @@ diagrams::CurveWindow window_of(const Arguments& a, const diagrams::Diagram& dia
     return {w[0], w[1], w[2], w[3]};
 }
 
+/// Refuses a call without what its curve holds constant.
+void require_parameter(const diagrams::Diagram& diagram, const Arguments& a) {
+    using enum diagrams::Section;
+    if (diagram.section == isothermal && !a.T) throw WrongCall{"--T is required for this curve"};
+    if (diagram.section == isobaric && !a.p) throw WrongCall{"--p is required for this curve"};
+    if (diagram.section == isochoric && !a.v) throw WrongCall{"--v is required for this curve"};
+}
+
+/// The range of two functions over each other, in K and kPa; by default that of the coordinates.
+diagrams::ProcessLine range_of(const Arguments& a, const diagrams::Diagram& diagram,
+                               const diagrams::Basis& basis,
+                               const diagrams::CoordinateDefaults& limits) {
+    diagrams::ProcessLine line;
+    if (diagrams::input_of(diagram) != diagrams::DiagramInput::range) {
+        if (a.from || a.to) throw WrongCall{"--from and --to: this curve has no range"};
+        return line;
+    }
+    const bool runs_in_T = diagram.section == diagrams::Section::isobaric;
+    const double factor =
+        runs_in_T ? basis.T_factor() : basis.p_factor();
+    const double low = static_cast<double>(runs_in_T ? limits.T_min : limits.p_min) / factor;
+    const double high = static_cast<double>(runs_in_T ? limits.T_max : limits.p_max) / factor;
+    line.range_is_T = runs_in_T;
+    line.range_start = a.from.value_or(low);
+    line.range_end = a.to.value_or(high);
+    if (!(line.range_start > 0) || !(line.range_end > line.range_start))
+        throw WrongCall{"--from and --to: 0 < from < to"};
+    return line;
+}
+
 diagrams::Branch branch_of(const Arguments& a) {
     if (a.tieline) return diagrams::Branch::tieLine;
     return a.scurve ? diagrams::Branch::metastable : diagrams::Branch::stable;
@@ -74,6 +103,7 @@ Json points_of(const diagrams::Curve& curve) {
 
 Json curve(Call& call, const Arguments& a) {
     const diagrams::Diagram& diagram = diagram_of_type(a);
+    require_parameter(diagram, a);
     set_up(call, a);
     diagrams::CurveOptions options = call.session->curve_options;
     if (a.points) {
@@ -89,6 +119,7 @@ Json curve(Call& call, const Arguments& a) {
                                          .branch = branch_of(a),
                                          .vapour_fraction = a.fraction.value_or(0.0),
                                          .options = options,
+                                         .line = range_of(a, diagram, basis, limits),
                                          .p_min = limits.p_min,
                                          .p_max = limits.p_max};
     const diagrams::Curve r = diagrams::curve(basis, request);
@@ -119,10 +150,11 @@ std::string curve_text(const Json& result) {
 std::vector<Command> curve_commands() {
     return {{"curve",
              "points of a curve of a diagram",
-             {"type!", "T", "p", "v", "window", "points", "fraction", "scurve", "tieline", "png",
-              "svg", "pdf"},
+             {"type!", "T", "p", "v", "from", "to", "window", "points", "fraction", "scurve",
+              "tieline", "points-out", "png", "svg", "pdf"},
              curve,
-             curve_text}};
+             curve_text,
+             true}};
 }
 
 }  // namespace quor::quorcalc

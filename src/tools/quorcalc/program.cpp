@@ -1,11 +1,13 @@
 #include "tools/quorcalc/program.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <iostream>
 #include <utility>
 
 #include "common/dialogs.h"
+#include "common/text.h"
 #include "diagrams/curve.h"
 #include "tools/quorcalc/line_reader.h"
 
@@ -36,6 +38,14 @@ Json failure(const std::string& message) {
     return {{"status", -1}, {"message", message}};
 }
 
+/// No temperature is negative.
+void refuse_negative_temperatures(const Arguments& a) {
+    const std::pair<const char*, const std::optional<double>&> temperatures[] = {
+        {"--T", a.T}, {"--Tcr", a.Tcr}, {"--Tb", a.Tb}, {"--T0", a.T0}, {"--Tenv", a.Tenv}};
+    for (const auto& [option, value] : temperatures)
+        if (value && *value < 0) throw WrongCall{std::string(option) + " is negative"};
+}
+
 /// A curve that is drawn in spite of its status has been calculated all the same.
 bool is_good(const Json& result) {
     const int status = result.at("status");
@@ -46,7 +56,8 @@ bool is_good(const Json& result) {
 std::string plain_text(const Json& result) {
     std::string out;
     for (const auto& [key, value] : result.items()) {
-        if (key == "status") continue;
+        if (key == "status" || key == "substance" || key == "messages" || value.is_object())
+            continue;
         out += key + " = " + (value.is_string() ? value.get<std::string>() : value.dump()) + "\n";
     }
     return out;
@@ -78,7 +89,9 @@ Program::Outcome Program::execute(const Arguments& a) {
     Json& result = outcome.result;
     try {
         if (command == nullptr) throw WrongCall{"no such command: " + a.command};
+        refuse_negative_temperatures(a);
         result = command->run(call, a);
+        if (session_->substance_set) name_inputs(session_, *command, result);
     } catch (const WrongCall& e) {
         result = failure(e.message);
         outcome.wrong_call = true;
@@ -88,15 +101,24 @@ Program::Outcome Program::execute(const Arguments& a) {
         result = failure(e.what());
     }
     // The messages that the core would have shown belong to the result.
-    if (result.contains("messages")) {
-        result["messages"] = messages_;
-    } else if (result.at("status") != 0 && !result.contains("message")) {
-        result["message"] =
-            messages_.empty() ? "no result with these input data" : messages_.back();
-    } else if (result.at("status") != 0 && !messages_.empty()) {
-        result["message"] = messages_.front();
+    if (result.at("status") != 0) {
+        if (!result.contains("message"))
+            result["message"] =
+                messages_.empty() ? "no result with these input data" : messages_.back();
+        else if (!messages_.empty() && !result.contains("messages"))
+            result["message"] = messages_.front();
     }
+    if (result.contains("messages") || !messages_.empty()) result["messages"] = messages_;
     return outcome;
+}
+
+void Program::tell(const Json& result, std::ostream& err) const {
+    const auto line = [&err](const std::string& message) {
+        err << "quorcalc: " << text::replace_all(message, "\n", " ") << "\n";
+    };
+    for (const std::string& message : messages_) line(message);
+    const std::string last = result.value("message", std::string());
+    if (!last.empty() && std::ranges::find(messages_, last) == messages_.end()) line(last);
 }
 
 Json Program::call_of_line(const std::vector<std::string>& words) {
@@ -150,13 +172,16 @@ int Program::main(const std::vector<std::string>& words, std::istream& in, std::
 
     const auto [result, wrong_call] = execute(a);
     const bool good = is_good(result);
-    if (!good || result.value("exit", false)) {
+    if (!a.json)
+        tell(result, err);
+    else if (!good)
         err << "quorcalc: " << result.value("message", std::string("no result")) << "\n";
-    }
     const Command* command = find_command(a.command);
+    const bool stands = good || result.at("status") == kWorthless;
+    const bool drawn = wants_picture(a) && !a.points_out;
     if (a.json) {
         out << result.dump() << "\n";
-    } else if (good && command != nullptr) {
+    } else if (stands && !drawn && command != nullptr) {
         out << (command->text != nullptr ? command->text(result) : plain_text(result));
     }
     return wrong_call ? 2 : good ? 0 : 1;

@@ -31,6 +31,8 @@ class Program {
     /// Runs one parsed call from a fresh session; never throws. A calculation that cannot be done
     /// has status -1.
     Outcome execute(const Arguments& arguments);
+    /// Everything that was told goes to standard error, a line each.
+    void tell(const Json& result, std::ostream& err) const;
     Json call_of_line(const std::vector<std::string>& words);
     int run_file(const Arguments& arguments, std::istream& in, std::ostream& out,
                  std::ostream& err);

@@ -74,6 +74,13 @@ double* ji_torvik_field(models::JiTorvikParameters& jt, const std::string& name)
     return nullptr;
 }
 
+double* virial_field(models::ManualVirial& virial, const std::string& name) {
+    if (name == "b0") return &virial.b0;
+    if (name == "b1") return &virial.b1;
+    if (name == "b2") return &virial.b2;
+    return nullptr;
+}
+
 bool is_correlated(const std::string& field) {
     return field.starts_with("AUG") || field.starts_with("KFW") || field.starts_with("KFR") ||
            field.starts_with("THO");
@@ -91,6 +98,12 @@ std::vector<Override> overrides(const Arguments& a) {
         all.push_back({s.substr(0, i), s.substr(i + 1)});
     }
     return all;
+}
+
+double number_of(const Override& o) {
+    const auto value = number(o.value);
+    if (!value) throw WrongCall{"not a number: " + o.field + "=" + o.value};
+    return *value;
 }
 
 void store(models::SubstanceRecord& substance, const Override& o) {
@@ -133,10 +146,10 @@ void apply_overrides(session::SessionState& state, const std::vector<Override>& 
     models::SubstanceRecord& substance = state.substance;
     for (const Override& o : all) {
         if (double* field = ji_torvik_field(state.ji_torvik, o.field)) {
-            const auto value = number(o.value);
-            if (!value) throw WrongCall{"not a number: " + o.field + "=" + o.value};
-            *field = *value;
+            *field = number_of(o);
             state.ji_torvik_given = true;
+        } else if (double* coefficient = virial_field(state.models.manual_virial, o.field)) {
+            *coefficient = number_of(o);
         } else {
             store(substance, o);
         }

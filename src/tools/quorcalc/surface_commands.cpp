@@ -63,9 +63,10 @@ std::string surface_text(const Json& result) {
 std::vector<Command> surface_commands() {
     return {{"surface",
              "values of a surface over a regular grid",
-             {"kind!", "nx", "ny", "scurve", "png", "svg", "pdf"},
+             {"kind!", "nx", "ny", "scurve", "points-out", "png", "svg", "pdf"},
              surface,
-             surface_text}};
+             surface_text,
+             true}};
 }
 
 }  // namespace quor::quorcalc
