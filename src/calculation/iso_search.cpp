@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "common/constants.h"
 #include "models/state_solver.h"
@@ -20,10 +21,10 @@ class Search {
           relative_step_(asked.given == IsoGiven::T ? 0.0005 : 0.0001),
           grid_range_(asked.given == IsoGiven::T ? 50.0 : 4.0) {}
 
-    /// Newton steps with a numerical slope; where they fail though the phase exists at the start,
-    /// a search for a change of sign.
+    /// Newton steps with a numerical slope. Where they fail, or where the phase does not exist at
+    /// the start, as for saturated vapour that is compressed, a search for a change of sign.
     std::optional<double> solve() {
-        if (!difference_at(start_)) return std::nullopt;
+        if (!difference_at(start_)) return bracketed();
         const std::optional<double> x = newton();
         return x ? x : bracketed();
     }
@@ -97,12 +98,32 @@ class Search {
     /// One step of the grid: the root between x and the next point, if there is one.
     std::optional<double> advance(double& x, std::optional<double>& f, double next) {
         const auto f_next = difference_at(next);
-        const double from = x;
-        const auto f_from = f;
-        x = next;
-        f = f_next;
-        if (!f_from || !f_next || (*f_from > 0) == (*f_next > 0)) return std::nullopt;
-        return bisect(from, *f_from, next, *f_next);
+        const double from = std::exchange(x, next);
+        const auto f_from = std::exchange(f, f_next);
+        if (f_from && f_next) return root_between(from, *f_from, next, *f_next);
+        if (f_from) return root_before_end(from, *f_from, next);
+        if (f_next) return root_before_end(next, *f_next, from);
+        return std::nullopt;
+    }
+
+    /// The root between x and the place towards `beyond` where the phase ends.
+    std::optional<double> root_before_end(double x, double f, double beyond) {
+        constexpr int kHalvings = 50;
+        double inside = x, f_inside = f, outside = beyond;
+        for (int i = 0; i < kHalvings; ++i) {
+            const double mid = 0.5 * (inside + outside);
+            if (const auto f_mid = difference_at(mid)) {
+                inside = mid;
+                f_inside = *f_mid;
+            } else {
+                outside = mid;
+            }
+        }
+        return root_between(x, f, inside, f_inside);
+    }
+
+    std::optional<double> root_between(double a, double fa, double b, double fb) {
+        return (fa > 0) == (fb > 0) ? std::nullopt : bisect(a, fa, b, fb);
     }
 
     std::optional<double> bisect(double a, double fa, double b, double fb) {

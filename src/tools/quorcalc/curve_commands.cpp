@@ -73,8 +73,7 @@ diagrams::ProcessLine range_of(const Arguments& a, const diagrams::Diagram& diag
         return line;
     }
     const bool runs_in_T = diagram.section == diagrams::Section::isobaric;
-    const double factor =
-        runs_in_T ? basis.T_factor() : basis.p_factor();
+    const double factor = runs_in_T ? basis.T_factor() : basis.p_factor();
     const double low = static_cast<double>(runs_in_T ? limits.T_min : limits.p_min) / factor;
     const double high = static_cast<double>(runs_in_T ? limits.T_max : limits.p_max) / factor;
     line.range_is_T = runs_in_T;
