@@ -43,14 +43,14 @@ class DomeWalk {
             T = end;
             last = true;
         }
-        const Equilibrium next = equilibrium_at_T(c_.fluid, T, guess(T));
-        if (!next.found || !(next.p > 0) || next.p >= c_.substance.pcrit) return finish();
+        const auto next = equilibrium_at_T(c_.fluid, T, guess(T));
+        if (!next || !(next->p > 0) || next->p >= c_.substance.pcrit) return finish();
         const double vcrit = c_.fluid.eos().vcrit_calculated;
-        if (next.vL > vcrit || next.vV < vcrit) return finish();
+        if (next->vL > vcrit || next->vV < vcrit) return finish();
 
         const double moved =
-            std::fmax(std::fabs(next.p - at_.p) / largest_p_,
-                      std::fabs(plotted_volume(c_, next) - plotted_volume(c_, at_)) / largest_v_);
+            std::fmax(std::fabs(next->p - at_.p) / largest_p_,
+                      std::fabs(plotted_volume(c_, *next) - plotted_volume(c_, at_)) / largest_v_);
         if (moved > 1) {
             step_ = (at_.T - T) * std::clamp(0.8 / moved, 0.05, 0.8);
             return;
@@ -61,7 +61,7 @@ class DomeWalk {
         }
         const double step_done = at_.T - T;
         before_ = at_;
-        at_ = next;
+        at_ = *next;
         draw(at_);
         if (last) return finish();
         step_ = step_done * std::clamp(0.8 / moved, 0.5, 2.0);
@@ -110,14 +110,14 @@ class DomeWalk {
 }  // namespace
 
 void dome_p_v(CurveFrame& c) {
-    const Equilibrium critical = critical_point(c.fluid);
-    if (!critical.found || !(c.x_max > 0) || !(c.y_max > 0)) return;
-    const double top = critical.p * c.p_factor;
+    const auto critical = critical_point(c.fluid);
+    if (!critical || !(c.x_max > 0) || !(c.y_max > 0)) return;
+    const double top = critical->p * c.p_factor;
     if (top > c.y_max) {
-        const Equilibrium edge = equilibrium_at_p(c.fluid, c.y_max / c.p_factor);
-        if (edge.found) DomeWalk(c).run(edge);
+        const auto edge = equilibrium_at_p(c.fluid, c.y_max / c.p_factor);
+        if (edge) DomeWalk(c).run(*edge);
     } else if (top > c.y_min) {
-        DomeWalk(c).run(critical);
+        DomeWalk(c).run(*critical);
     }
 }
 
@@ -135,19 +135,19 @@ void add_over_p(CurveFrame& c, const Equilibrium& e) {
 void dome_over_p(CurveFrame& c) {
     constexpr double kLowest = 0.1;       // kPa
     constexpr double kBelowCritical = 5;  // kPa
-    const Equilibrium critical = critical_point(c.fluid);
-    if (!critical.found) return;
+    const auto critical = critical_point(c.fluid);
+    if (!critical) return;
 
     double T = 0;
     const auto add_at_pressure = [&](double p) {
         if (!c.is_real_at_p(p)) return;
-        const Equilibrium e = equilibrium_at_p(c.fluid, p, T);
-        if (!e.found || e.T < kPresent) return;
-        add_over_p(c, e);
-        T = e.T;
+        const auto e = equilibrium_at_p(c.fluid, p, T);
+        if (!e || e->T < kPresent) return;
+        add_over_p(c, *e);
+        T = e->T;
     };
     const double step = 0.75 * c.dx;
-    const double end = (critical.p - kBelowCritical) * c.p_factor;
+    const double end = (critical->p - kBelowCritical) * c.p_factor;
     Steps loop = Steps::plain(c.x_min, end, step).within(c.x_min, c.x_max);
     bool started = false;
     for (double x; loop.next(x);) {
@@ -161,12 +161,12 @@ void dome_over_p(CurveFrame& c) {
             started = true;
         }
     }
-    add_over_p(c, critical);
+    add_over_p(c, *critical);
 }
 
 void dome_T_v(CurveFrame& c) {
-    const Equilibrium critical = critical_point(c.fluid);
-    if (!critical.found) return;
+    const auto critical = critical_point(c.fluid);
+    if (!critical) return;
     const auto add = [&](const Equilibrium& e) {
         const double v = plotted_volume(c, e);
         c.add(c.axes.x == Axis::v ? v * c.v_factor : c.M / v, e.T * c.T_factor, e.p);
@@ -174,16 +174,16 @@ void dome_T_v(CurveFrame& c) {
     // The liquid line is steep: it takes a quarter of the step.
     double step = 2 * c.dy / c.T_factor;
     if (c.request.vapour_fraction < 0.5) step /= 4;
-    add(critical);
+    add(*critical);
     double p = 0;
-    Steps loop = Steps::plain(critical.T - step, c.y_min / c.T_factor, -step)
+    Steps loop = Steps::plain(critical->T - step, c.y_min / c.T_factor, -step)
                      .within(c.y_min / c.T_factor, c.y_max / c.T_factor);
     for (double T; loop.next(T);) {
         if (!(T > 0) || !c.is_real_at_T(T)) continue;
-        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
-        if (!e.found || e.p <= kPresent) continue;
-        add(e);
-        p = e.p;
+        const auto e = equilibrium_at_T(c.fluid, T, p);
+        if (!e || e->p <= kPresent) continue;
+        add(*e);
+        p = e->p;
     }
 }
 
@@ -192,24 +192,24 @@ namespace {
 /// Walks down from the critical point in steps of x and gives each equilibrium to `add`.
 template <class Add>
 void walk_rho_T(CurveFrame& c, double step, Add add) {
-    const Equilibrium critical = critical_point(c.fluid);
-    if (!(c.fluid.eos().vcrit_calculated > kPresent) || !critical.found) {
+    const auto critical = critical_point(c.fluid);
+    if (!(c.fluid.eos().vcrit_calculated > kPresent) || !critical) {
         c.set_status(CurveStatus::noCriticalVolume);
         return;
     }
-    c.add(critical.T * c.T_factor, c.M / c.fluid.eos().vcrit_calculated, critical.p);
+    c.add(critical->T * c.T_factor, c.M / c.fluid.eos().vcrit_calculated, critical->p);
     double p = 0;
     double lowest = c.x_min;
     if (c.real_range_only())
         lowest = std::fmax(lowest, static_cast<double>(c.substance.Ttriple) * c.T_factor);
-    Steps loop = Steps::clamped(critical.T * c.T_factor, lowest, -step).within(lowest, c.x_max);
+    Steps loop = Steps::clamped(critical->T * c.T_factor, lowest, -step).within(lowest, c.x_max);
     for (double x; loop.next(x);) {
         const double T = x / c.T_factor;
-        if (!(T > 0) || T >= critical.T || !c.is_real_at_T(T)) continue;
-        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
-        if (!e.found || e.vL <= e.state.b || e.p <= kPresent || e.vV <= kPresent) continue;
-        add(e);
-        p = e.p;
+        if (!(T > 0) || T >= critical->T || !c.is_real_at_T(T)) continue;
+        const auto e = equilibrium_at_T(c.fluid, T, p);
+        if (!e || e->vL <= e->state.b || e->p <= kPresent || e->vV <= kPresent) continue;
+        add(*e);
+        p = e->p;
     }
 }
 

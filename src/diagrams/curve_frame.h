@@ -34,7 +34,7 @@ class CurveFrame {
     double T_factor = 1, p_factor = 1, v_factor = 1;       ///< factors of the displayed units
     double M = 0;                                          ///< kg/kmol
     std::optional<double> pLV_correlated, TLV_correlated;  ///< by the vapour pressure equation
-    Equilibrium at_T, at_p;  ///< of the EOS at T and at p, found or not
+    std::optional<Equilibrium> at_T, at_p;                 ///< of the EOS at T and at p
 
     /// Evaluates what the state parameters fix. May throw `faults::Fault`.
     void prepare();

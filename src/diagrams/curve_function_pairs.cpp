@@ -32,8 +32,8 @@ void function_pairs(CurveFrame& c) {
     double from = c.request.line.range_start;
     double to = c.request.line.range_end;
     if (from > to) std::swap(from, to);
-    const Equilibrium& e = isothermal ? c.at_T : c.at_p;
-    const double edge = isothermal ? e.p : e.T;
+    const std::optional<Equilibrium>& e = isothermal ? c.at_T : c.at_p;
+    const double edge = !e ? 0 : isothermal ? e->p : e->T;
 
     bool before = false;  // a point was added on the lower side of the coexistence curve
     Steps loop = Steps::plain(from, to, (to - from) / c.steps);
@@ -44,11 +44,11 @@ void function_pairs(CurveFrame& c) {
         if (!c.is_real_at_T(T)) continue;
         const auto v = c.stable_volume(T, p);
         if (!v) continue;
-        if (e.found && before && running > edge) {
-            add_tie_line(c, e, isothermal, edge);
+        if (e && before && running > edge) {
+            add_tie_line(c, *e, isothermal, edge);
             before = false;
         }
-        if (e.found && running < edge) before = true;
+        if (e && running < edge) before = true;
         add_state(c, T, p, *v, running);
     }
 }

@@ -109,12 +109,12 @@ bool add_tie_line(CurveFrame& c, Y y, double x, const Equilibrium& e, double z) 
 /// The branch between v(L) and v(V) on the isobar, over T.
 template <class Y>
 void metastable_over_T(CurveFrame& c, Y y, double move) {
-    const Equilibrium& e = c.at_p;
-    if (!e.found) return;
-    add_at(c, y, e.T * c.T_factor, e.T, e.p, e.vL, c.p);
-    double last = e.T * c.T_factor;
+    const std::optional<Equilibrium>& e = c.at_p;
+    if (!e) return;
+    add_at(c, y, e->T * c.T_factor, e->T, e->p, e->vL, c.p);
+    double last = e->T * c.T_factor;
     Poles poles(y.has_poles());
-    Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
+    Steps loop = Steps::plain(e->vL, e->vV, (e->vV - e->vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
         const auto T = models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true);
         if (!T) continue;
@@ -123,21 +123,21 @@ void metastable_over_T(CurveFrame& c, Y y, double move) {
         add_at(c, y, *T * c.T_factor, *T, c.p, v, c.p);
         last = *T * c.T_factor;
     }
-    add_at(c, y, e.T * c.T_factor, e.T, e.p, e.vV, c.p);
+    add_at(c, y, e->T * c.T_factor, e->T, e->p, e->vV, c.p);
 }
 
 template <class Y>
 void isobar_with_crossing(CurveFrame& c, Y y) {
-    if (c.metastable() && c.at_p.found) return metastable_over_T(c, y, kMetastableMove);
-    const Equilibrium& e = c.at_p;
-    bool crossed = !e.found;
+    if (c.metastable() && c.at_p) return metastable_over_T(c, y, kMetastableMove);
+    const std::optional<Equilibrium>& e = c.at_p;
+    bool crossed = !e;
     Steps loop = Steps::clamped(c.x_max, lower_temperature(c), -c.dx);
     for (double x; loop.next(x);) {
         double T = x / c.T_factor;
         if (!(T > 0) || !c.is_real_at_T(T)) continue;
-        if (!crossed && std::fabs(x - e.T * c.T_factor) < c.dx) {
+        if (!crossed && std::fabs(x - e->T * c.T_factor) < c.dx) {
             crossed = true;
-            if (add_tie_line(c, y, e.T * c.T_factor, e, c.p)) T = e.T - kBelowEdge;
+            if (add_tie_line(c, y, e->T * c.T_factor, *e, c.p)) T = e->T - kBelowEdge;
         }
         add_at(c, y, T * c.T_factor, T, c.p, c.stable_volume(T, c.p), c.p);
     }
@@ -177,38 +177,38 @@ void isochore(CurveFrame& c, Y y) {
 
 template <class Y>
 void metastable_over_p(CurveFrame& c, Y y) {
-    const Equilibrium& e = c.at_T;
-    if (!e.found) return;
-    add_at(c, y, e.p * c.p_factor, c.T, e.p, e.vL, c.T);
-    double last = e.p * c.p_factor;
+    const std::optional<Equilibrium>& e = c.at_T;
+    if (!e) return;
+    add_at(c, y, e->p * c.p_factor, c.T, e->p, e->vL, c.T);
+    double last = e->p * c.p_factor;
     Poles poles(y.has_poles());
-    Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
+    Steps loop = Steps::plain(e->vL, e->vV, (e->vV - e->vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
-        const double p = models::cubic_pressure(e.state, c.T, v);
-        if (poles.passed(models::cubic_slope(e.state, c.T, v))) c.add_gap();
+        const double p = models::cubic_pressure(e->state, c.T, v);
+        if (poles.passed(models::cubic_slope(e->state, c.T, v))) c.add_gap();
         // The caloric functions take ln p: there is no value on the part under tension.
         if (!(p > 0) || std::fabs(p * c.p_factor - last) < kMetastableMove * c.dx) continue;
         add_at(c, y, p * c.p_factor, c.T, p, v, c.T);
         last = p * c.p_factor;
     }
-    add_at(c, y, e.p * c.p_factor, c.T, e.p, e.vV, c.T);
+    add_at(c, y, e->p * c.p_factor, c.T, e->p, e->vV, c.T);
 }
 
 template <class Y>
 void isotherm_with_crossing(CurveFrame& c, Y y) {
-    if (c.metastable() && c.at_T.found) return metastable_over_p(c, y);
-    const Equilibrium& e = c.at_T;
+    if (c.metastable() && c.at_T) return metastable_over_p(c, y);
+    const std::optional<Equilibrium>& e = c.at_T;
     const bool ends = c.partial_gas() && c.subcritical_T() && c.pLV_correlated;
     const double upper = ends ? *c.pLV_correlated * c.p_factor : c.x_max;
     const double lower = c.x_min > 0 ? c.x_min : 0.1 * c.p_factor;
-    bool crossed = !e.found;
+    bool crossed = !e;
     Steps loop = Steps::clamped(upper, lower, -c.dx);
     for (double x; loop.next(x);) {
         double p = x / c.p_factor;
-        if (!crossed && std::fabs(x - e.p * c.p_factor) < c.dx) {
+        if (!crossed && std::fabs(x - e->p * c.p_factor) < c.dx) {
             crossed = true;
-            if (add_tie_line(c, y, e.p * c.p_factor, e, c.T))
-                p = std::fmax(e.p - kBelowEdge, 0.5 * e.p);
+            if (add_tie_line(c, y, e->p * c.p_factor, *e, c.T))
+                p = std::fmax(e->p - kBelowEdge, 0.5 * e->p);
         }
         add_at(c, y, p * c.p_factor, c.T, p, c.stable_volume(c.T, p), c.T);
     }
@@ -231,10 +231,10 @@ void add_over_v(CurveFrame& c, Y y, double v) {
 
 template <class Y>
 void isotherm_over_v(CurveFrame& c, Y y) {
-    const Equilibrium& e = c.at_T;
+    const std::optional<Equilibrium>& e = c.at_T;
     const double step = 0.5 * c.dx;
-    if (c.metastable() && e.found) {
-        const double low = e.vL * c.v_factor, high = e.vV * c.v_factor;
+    if (c.metastable() && e) {
+        const double low = e->vL * c.v_factor, high = e->vV * c.v_factor;
         Steps loop = Steps::clamped(low, high, std::fmax(step, (high - low) / kVolumeSteps));
         for (double x; loop.next(x);) add_over_v(c, y, x / c.v_factor);
         return;
@@ -244,12 +244,12 @@ void isotherm_over_v(CurveFrame& c, Y y) {
     for (double x; loop.next(x);) {
         const double v = x / c.v_factor;
         if (v <= covolume) continue;
-        if (e.found && v > e.vL && v < e.vV) continue;
+        if (e && v > e->vL && v < e->vV) continue;
         add_over_v(c, y, v);
     }
-    if (!e.found) return;
-    for (const double v : {e.vL, e.vV})
-        if (const Ordinate value = y(c, c.T, e.p, v)) c.add(v * c.v_factor, *value, e.p);
+    if (!e) return;
+    for (const double v : {e->vL, e->vV})
+        if (const Ordinate value = y(c, c.T, e->p, v)) c.add(v * c.v_factor, *value, e->p);
     c.sort_by_x();
 }
 
@@ -284,7 +284,7 @@ void functions_of_v(CurveFrame& c) {
 
 void heat_capacity(CurveFrame& c) {
     const HeatCapacityOrdinate y;
-    if (c.metastable() && c.at_p.found) return metastable_over_T(c, y, 1.0);
+    if (c.metastable() && c.at_p) return metastable_over_T(c, y, 1.0);
     plain_isobar(c, y);
 }
 

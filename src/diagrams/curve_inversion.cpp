@@ -220,14 +220,14 @@ double scan_inversion_pressure(const CurveFrame& c, double T) {
 
 /// Where the line meets the coexistence curve: the zero on the saturated liquid between a T at
 /// which the inversion lies below the vapour pressure and one at which it lies above.
-Equilibrium meeting_point(const CurveFrame& c, double below, double above) {
+std::optional<Equilibrium> meeting_point(const CurveFrame& c, double below, double above) {
     constexpr int kHalvings = 60;
-    Equilibrium e;
+    std::optional<Equilibrium> e;
     for (int i = 0; i < kHalvings; ++i) {
         const double T = 0.5 * (below + above);
-        e = equilibrium_at_T(c.fluid, T, e.p);
-        const auto value = e.found ? throttling(c, T, e.p, e.vL) : std::nullopt;
-        if (!value) return {};
+        e = equilibrium_at_T(c.fluid, T, e ? e->p : 0);
+        const auto value = e ? throttling(c, T, e->p, e->vL) : std::nullopt;
+        if (!value) return std::nullopt;
         (*value < 0 ? below : above) = T;
     }
     return e;
@@ -244,14 +244,15 @@ void inversion_p_T(CurveFrame& c) {
         const double T = x / c.T_factor < kPresent ? kLowestT : x / c.T_factor;
         double found = p > 0 ? find_inversion_pressure(c, T, p) : 0;
         if (!(found > 0)) found = scan_inversion_pressure(c, T);
-        const double pLV = T < c.substance.Tcrit ? equilibrium_at_T(c.fluid, T).p : 0;
+        const auto saturated = T < c.substance.Tcrit ? equilibrium_at_T(c.fluid, T) : std::nullopt;
+        const double pLV = saturated ? saturated->p : 0;
         if (found > pLV) {
             p = found;
             above = T;
             c.add(T * c.T_factor, p * c.p_factor, dense_volume(c, T, p).value_or(0));
         } else if (above > 0 && pLV > 0) {
-            const Equilibrium end = meeting_point(c, T, above);
-            if (end.found) c.add(end.T * c.T_factor, end.p * c.p_factor, end.vL);
+            const auto end = meeting_point(c, T, above);
+            if (end) c.add(end->T * c.T_factor, end->p * c.p_factor, end->vL);
             break;
         }
     }

@@ -91,25 +91,25 @@ void heterogeneous_line(CurveFrame& c, Held held) {
     const auto sides = [&](const Equilibrium& e) {
         return std::array{c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
     };
-    const Equilibrium start = equilibrium(over_T ? c.request.line.T1 : c.request.line.p1, 0);
-    if (!start.found) return end_line(c, true);
+    const auto start = equilibrium(over_T ? c.request.line.T1 : c.request.line.p1, 0);
+    if (!start) return end_line(c, true);
     const bool vapour = c.request.line.vapour;
     const std::optional<double> fixed =
-        held_value(held, vapour ? start.vV : start.vL, sides(start)[vapour ? 1 : 0]);
+        held_value(held, vapour ? start->vV : start->vL, sides(*start)[vapour ? 1 : 0]);
     if (!fixed) return end_line(c, true);
 
     bool stopped = false;
     double near = 0;
     Steps loop = range(c, 1.0);
     for (double running; loop.next(running);) {
-        const Equilibrium e = equilibrium(running, near);
-        if (!e.found) {
+        const auto e = equilibrium(running, near);
+        if (!e) {
             stopped = true;
             break;
         }
-        near = over_T ? e.p : e.T;
-        const auto [L, V] = sides(e);
-        const auto low = held_value(held, e.vL, L), high = held_value(held, e.vV, V);
+        near = over_T ? e->p : e->T;
+        const auto [L, V] = sides(*e);
+        const auto low = held_value(held, e->vL, L), high = held_value(held, e->vV, V);
         if (!low || !high) {
             stopped = true;
             break;
@@ -121,7 +121,7 @@ void heterogeneous_line(CurveFrame& c, Held held) {
             stopped = true;
             break;
         }
-        add_state(c, e.T, e.p, at_fraction(e.vL, e.vV, x),
+        add_state(c, e->T, e->p, at_fraction(e->vL, e->vV, x),
                   L && V ? std::optional(mixture(*L, *V, x)) : std::nullopt);
     }
     end_line(c, stopped);
@@ -155,8 +155,8 @@ bool has_both_phases(const CurveFrame& c, double T, double p) {
 
 /// An isotherm or an isobar. At the equilibrium it goes over the tie-line into the other phase,
 /// unless its phase is to be continued. It starts in the phase asked for where both exist.
-void line_over_equilibrium(CurveFrame& c, const Equilibrium& e, bool isobar) {
-    const bool changes = e.found && !c.request.line.metastable;
+void line_over_equilibrium(CurveFrame& c, const std::optional<Equilibrium>& e, bool isobar) {
+    const bool changes = e && !c.request.line.metastable;
     std::optional<bool> vapour;
     Steps loop = range(c, 1.0);
     for (double running; loop.next(running);) {
@@ -168,17 +168,17 @@ void line_over_equilibrium(CurveFrame& c, const Equilibrium& e, bool isobar) {
             continue;
         }
         constexpr double kRounding = 1e-9;
-        const double towards_vapour = isobar ? T / e.T - 1 : 1 - p / e.p;
+        const double towards_vapour = isobar ? T / e->T - 1 : 1 - p / e->p;
         bool now = towards_vapour > 0;
         // A line that ends on the equilibrium stays in its phase.
         if (vapour && std::fabs(towards_vapour) < kRounding) now = *vapour;
         if (!vapour && has_both_phases(c, T, p)) now = c.request.line.vapour;
         if (vapour && *vapour != now) {
-            add_state(c, e.T, e.p, now ? e.vL : e.vV);
-            add_state(c, e.T, e.p, now ? e.vV : e.vL);
+            add_state(c, e->T, e->p, now ? e->vL : e->vV);
+            add_state(c, e->T, e->p, now ? e->vV : e->vL);
         }
         vapour = now;
-        if (const auto v = volume_near(c, T, p, now ? e.vV : e.vL)) add_state(c, T, p, *v);
+        if (const auto v = volume_near(c, T, p, now ? e->vV : e->vL)) add_state(c, T, p, *v);
     }
     end_line(c, false);
 }

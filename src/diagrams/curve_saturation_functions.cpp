@@ -49,24 +49,24 @@ std::optional<double> fraction_value(const CurveFrame& c, const Equilibrium& e, 
 }  // namespace
 
 void saturation_functions_over_p(CurveFrame& c) {
-    const Equilibrium critical = critical_point(c.fluid);
-    if (!critical.found) return;
+    const auto critical = critical_point(c.fluid);
+    if (!critical) return;
     const Function function = function_of(c.axes.y).value();
     const auto add = [&](const Equilibrium& e) {
         if (const auto y = fraction_value(c, e, function)) c.add(e.p * c.p_factor, *y, e.T);
     };
     double T = 0;
     const auto add_at_pressure = [&](double p) {
-        if (!(p > 0) || p >= critical.p || !c.is_real_at_p(p)) return;
-        const Equilibrium e = equilibrium_at_p(c.fluid, p, T);
-        if (!e.found || e.T < kPresent) return;
-        add(e);
-        T = e.T;
+        if (!(p > 0) || p >= critical->p || !c.is_real_at_p(p)) return;
+        const auto e = equilibrium_at_p(c.fluid, p, T);
+        if (!e || e->T < kPresent) return;
+        add(*e);
+        T = e->T;
     };
 
     constexpr double kLowest = 0.05;  // kPa, instead of a lower limit at or below 0
-    const double top = critical.p * c.p_factor;
-    if (top > c.x_min && top < c.x_max && is_finite_at_critical_point(function)) add(critical);
+    const double top = critical->p * c.p_factor;
+    if (top > c.x_min && top < c.x_max && is_finite_at_critical_point(function)) add(*critical);
     const double lowest = c.x_min + 0.5 * c.dx;  // the last pass is replaced by the foot
     double above = c.x_max;
     Steps loop = Steps::plain(c.x_max, lowest, -c.dx);
@@ -81,23 +81,23 @@ void saturation_functions_over_p(CurveFrame& c) {
 }
 
 void saturation_functions_over_T(CurveFrame& c) {
-    const Equilibrium critical = critical_point(c.fluid);
-    if (!critical.found) return;
+    const auto critical = critical_point(c.fluid);
+    if (!critical) return;
     const Function function = function_of(c.axes.y).value();
     const auto add = [&](const Equilibrium& e) {
         if (const auto y = fraction_value(c, e, function)) c.add(e.T * c.T_factor, *y, e.p);
     };
-    const double top = critical.T * c.T_factor;
-    if (top > c.x_min && top < c.x_max && is_finite_at_critical_point(function)) add(critical);
+    const double top = critical->T * c.T_factor;
+    if (top > c.x_min && top < c.x_max && is_finite_at_critical_point(function)) add(*critical);
     double p = 0;
     Steps loop = Steps::plain(c.x_max, c.x_min, -c.dx);
     for (double x; loop.next(x);) {
         const double T = x / c.T_factor;
-        if (!(T > 0) || T >= critical.T || !c.is_real_at_T(T)) continue;
-        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
-        if (!e.found || e.p < kPresent) continue;
-        add(e);
-        p = e.p;
+        if (!(T > 0) || T >= critical->T || !c.is_real_at_T(T)) continue;
+        const auto e = equilibrium_at_T(c.fluid, T, p);
+        if (!e || e->p < kPresent) continue;
+        add(*e);
+        p = e->p;
     }
 }
 
@@ -121,8 +121,8 @@ void saturation_functions_over_v(CurveFrame& c) {
     constexpr double kLowestT = 0.1;      // K
     constexpr double kBeyondWindow = 50;  // of xMax
     constexpr double kAboveCovolume = 1.08;
-    const Equilibrium critical = critical_point(c.fluid);
-    if (!critical.found) return;
+    const auto critical = critical_point(c.fluid);
+    if (!critical) return;
     const Function function = function_of(c.axes.y).value();
     const double fraction = c.request.vapour_fraction;
     const bool magnitude = function == Function::cv;
@@ -133,21 +133,21 @@ void saturation_functions_over_v(CurveFrame& c) {
     };
 
     // From the critical point down, so that the walk can end where the vapour leaves the diagram.
-    const double step = critical.T / c.steps;
-    const double passes = std::floor((critical.T - kLowestT) / step);
+    const double step = critical->T / c.steps;
+    const double passes = std::floor((critical->T - kLowestT) / step);
     double p = 0;
     Steps loop = Steps::plain(kLowestT + passes * step, kLowestT, -step);
     for (double T; loop.next(T);) {
-        if (T >= critical.T) continue;
-        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
-        if (!e.found) continue;
-        p = e.p;
-        const double least = kAboveCovolume * e.state.b;
-        if (e.vV * c.v_factor > kBeyondWindow * c.x_max || e.vL <= least || e.vV <= least) break;
-        add(e);
+        if (T >= critical->T) continue;
+        const auto e = equilibrium_at_T(c.fluid, T, p);
+        if (!e) continue;
+        p = e->p;
+        const double least = kAboveCovolume * e->state.b;
+        if (e->vV * c.v_factor > kBeyondWindow * c.x_max || e->vL <= least || e->vV <= least) break;
+        add(*e);
     }
     std::reverse(c.points.begin(), c.points.end());
-    add(critical);
+    add(*critical);
     // Sorting must not tear the line: a function that turns on the way keeps the order of T.
     if (fraction == 0 && course_of(c.points) == Course::falling) c.sort_by_y();
 }
@@ -155,8 +155,8 @@ void saturation_functions_over_v(CurveFrame& c) {
 void saturation_function_pairs(CurveFrame& c) {
     constexpr double kLowest = 0.05;  // kPa, instead of a limit at or below 0
     constexpr double kStep = 0.3;     // of a step of the limits of p
-    const Equilibrium critical = critical_point(c.fluid);
-    if (!critical.found) return;
+    const auto critical = critical_point(c.fluid);
+    if (!critical) return;
     const Function x_function = function_of(c.axes.x).value(),
                    y_function = function_of(c.axes.y).value();
     const double scale = c.axes.x == Axis::Tenvs ? c.basis.reference.Tenv : 1.0;
@@ -171,10 +171,11 @@ void saturation_function_pairs(CurveFrame& c) {
     const auto add_at_pressure = [&](double p) {
         const auto boiling =
             models::boiling_temperature(c.substance, p, c.fluid.models().vapour_pressure);
-        const double T = boiling ? boiling->T : equilibrium_at_p(c.fluid, p).T;
-        if (T < kPresent || T >= critical.T || !c.is_real_at_T(T)) return;
-        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
-        if (e.found) add(e);
+        const auto by_eos = boiling ? std::nullopt : equilibrium_at_p(c.fluid, p);
+        const double T = boiling ? boiling->T : by_eos ? by_eos->T : 0;
+        if (T < kPresent || T >= critical->T || !c.is_real_at_T(T)) return;
+        const auto e = equilibrium_at_T(c.fluid, T, p);
+        if (e) add(*e);
     };
 
     const CurveRequest& r = c.request;
@@ -184,7 +185,7 @@ void saturation_function_pairs(CurveFrame& c) {
     Steps loop = Steps::plain(low, high, step);
     bool started = false;
     for (double p; loop.next(p);) {
-        if (p >= critical.p) break;
+        if (p >= critical->p) break;
         if (started) {
             add_at_pressure(p);
         } else if (p + step > end_of_dome(c)) {
@@ -192,7 +193,7 @@ void saturation_function_pairs(CurveFrame& c) {
             started = true;
         }
     }
-    add(critical);
+    add(*critical);
 }
 
 }  // namespace quor::diagrams

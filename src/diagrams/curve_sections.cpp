@@ -52,37 +52,37 @@ void supercritical_isotherm_over_p(CurveFrame& c) {
 }
 
 void subcritical_isotherm_over_p(CurveFrame& c) {
-    const Equilibrium& e = c.at_T;
-    if (!e.found) return;
+    const std::optional<Equilibrium>& e = c.at_T;
+    if (!e) return;
     Steps loop = Steps::plain(c.x_min, c.x_max, c.dx);
     for (double x; loop.next(x);) {
         const double p = std::fmax(x / c.p_factor, kLowestSubcritical);
-        const auto roots = models::solve_cubic(e.state, c.T, p);
+        const auto roots = models::solve_cubic(e->state, c.T, p);
         if (!roots) continue;
-        const bool vapour = roots->count == 3 && p <= e.p;
+        const bool vapour = roots->count == 3 && p <= e->p;
         add_over_p(c, p, vapour ? roots->v[2] : roots->v[0]);
     }
-    add_over_p(c, e.p, e.vV);
-    add_over_p(c, e.p, e.vL);
+    add_over_p(c, e->p, e->vV);
+    add_over_p(c, e->p, e->vL);
     c.sort_by_x();
 }
 
 /// The isotherm inside the dome, from the vapour to the liquid.
 void metastable_isotherm_over_p(CurveFrame& c) {
     constexpr double kMoved = 0.5;  // of a step in x
-    const Equilibrium& e = c.at_T;
-    if (!e.found) return;
+    const std::optional<Equilibrium>& e = c.at_T;
+    if (!e) return;
     double last = 0;
     bool first = true;
-    Steps loop = Steps::plain(e.vV, e.vL, (e.vL - e.vV) / kVolumeSteps);
+    Steps loop = Steps::plain(e->vV, e->vL, (e->vL - e->vV) / kVolumeSteps);
     for (double v; loop.next(v);) {
-        const double p = models::cubic_pressure(e.state, c.T, v);
+        const double p = models::cubic_pressure(e->state, c.T, v);
         if (!first && std::fabs(p - last) * c.p_factor < kMoved * c.dx) continue;
         add_over_p(c, p, v);
         last = p;
         first = false;
     }
-    add_over_p(c, e.p, e.vL);
+    add_over_p(c, e->p, e->vL);
 }
 
 /// The abscissa of an isobar: v or rho.
@@ -102,16 +102,16 @@ std::optional<double> isobar_volume(const CurveFrame& c, double T) {
     }
     const auto roots = models::solve_cubic(models::eos_at(c.fluid, T), T, c.p);
     if (!roots) return std::nullopt;
-    const bool vapour = c.at_p.found && T > c.at_p.T && roots->count == 3;
+    const bool vapour = c.at_p && T > c.at_p->T && roots->count == 3;
     return vapour ? roots->v[2] : roots->v[0];
 }
 
 void metastable_isobar(CurveFrame& c) {
-    const Equilibrium& e = c.at_p;
-    if (!e.found) return;
+    const std::optional<Equilibrium>& e = c.at_p;
+    if (!e) return;
     double last = 0;
     bool first = true;
-    Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
+    Steps loop = Steps::plain(e->vL, e->vV, (e->vV - e->vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
         const double x = isobar_x(c, v);
         if (!first && std::fabs(x - last) < c.dx) continue;
@@ -121,7 +121,7 @@ void metastable_isobar(CurveFrame& c) {
         last = x;
         first = false;
     }
-    add_on_isobar(c, e.T, e.vV);
+    add_on_isobar(c, e->T, e->vV);
 }
 
 /// The volume at which an isotherm comes into the window from above; 0 where that has no state.
@@ -145,8 +145,8 @@ void add_isotherm(CurveFrame& c, double low, double high) {
                                  std::min(8, c.steps), c.steps);
     const auto place = [&](double v) -> std::optional<CurvePlace> {
         // On a steep liquid branch p would show the last digits of v.
-        const bool end = c.at_T.found && (v == c.at_T.vL || v == c.at_T.vV);
-        const auto p = end ? std::optional(c.at_T.p) : c.pressure(c.T, v);
+        const bool end = c.at_T && (v == c.at_T->vL || v == c.at_T->vV);
+        const auto p = end ? std::optional(c.at_T->p) : c.pressure(c.T, v);
         if (!p) return std::nullopt;
         return CurvePlace{v * c.v_factor, *p * c.p_factor};
     };
@@ -179,22 +179,22 @@ void add_isobar(CurveFrame& c, double low, double high, Volume volume) {
 
 void isotherm_p_v(CurveFrame& c) {
     const bool simple = c.vapour_only() || !c.subcritical_T();
-    const Equilibrium& e = c.at_T;
-    if (!simple && !e.found) return;
+    const std::optional<Equilibrium>& e = c.at_T;
+    if (!simple && !e) return;
     const double low = std::fmax(c.x_min / c.v_factor, volume_at_top(c));
     const double high = c.x_max / c.v_factor;
     if (simple) return add_isotherm(c, low, high);
     if (c.options.s_without_tie_line) {
-        add_isotherm(c, low, std::fmin(e.vL, high));
-        add_isotherm(c, std::fmax(e.vL, low), std::fmin(e.vV, high));
-        add_isotherm(c, std::fmax(e.vV, low), high);
+        add_isotherm(c, low, std::fmin(e->vL, high));
+        add_isotherm(c, std::fmax(e->vL, low), std::fmin(e->vV, high));
+        add_isotherm(c, std::fmax(e->vV, low), high);
     } else if (c.metastable()) {
-        add_isotherm(c, e.vL, e.vV);
+        add_isotherm(c, e->vL, e->vV);
     } else {
-        if (low < e.vL) add_isotherm(c, low, e.vL);
-        if (!(low < e.vL)) c.add(e.vL * c.v_factor, e.p * c.p_factor, c.T);
-        if (!(e.vV < high)) c.add(e.vV * c.v_factor, e.p * c.p_factor, c.T);
-        if (e.vV < high) add_isotherm(c, e.vV, high);
+        if (low < e->vL) add_isotherm(c, low, e->vL);
+        if (!(low < e->vL)) c.add(e->vL * c.v_factor, e->p * c.p_factor, c.T);
+        if (!(e->vV < high)) c.add(e->vV * c.v_factor, e->p * c.p_factor, c.T);
+        if (e->vV < high) add_isotherm(c, e->vV, high);
     }
 }
 
@@ -207,7 +207,7 @@ void isotherm_over_p(CurveFrame& c) {
 
 void isobar_T_v(CurveFrame& c) {
     const bool has_dome = !c.vapour_only() && c.subcritical_p();
-    if (has_dome && !c.at_p.found) return;
+    if (has_dome && !c.at_p) return;
     if (has_dome && c.metastable()) return metastable_isobar(c);
     double low = std::fmax(c.y_min / c.T_factor, kLowestT);
     if (c.real_range_only()) low = std::fmax(low, static_cast<double>(c.substance.Ttriple));
@@ -216,13 +216,13 @@ void isobar_T_v(CurveFrame& c) {
     if (!has_dome) {
         add_isobar(c, low, high, volume);
     } else {
-        const Equilibrium& e = c.at_p;
-        add_isobar(c, low, std::fmin(e.T, high),
-                   [&](double T) { return T == e.T ? std::optional(e.vL) : volume(T); });
-        if (!(low < e.T)) add_on_isobar(c, e.T, e.vL);
-        if (!(e.T < high)) add_on_isobar(c, e.T, e.vV);
-        add_isobar(c, std::fmax(e.T, low), high,
-                   [&](double T) { return T == e.T ? std::optional(e.vV) : volume(T); });
+        const std::optional<Equilibrium>& e = c.at_p;
+        add_isobar(c, low, std::fmin(e->T, high),
+                   [&](double T) { return T == e->T ? std::optional(e->vL) : volume(T); });
+        if (!(low < e->T)) add_on_isobar(c, e->T, e->vL);
+        if (!(e->T < high)) add_on_isobar(c, e->T, e->vV);
+        add_isobar(c, std::fmax(e->T, low), high,
+                   [&](double T) { return T == e->T ? std::optional(e->vV) : volume(T); });
     }
     c.sort_by_x();
 }
@@ -241,7 +241,8 @@ void isochore_p_T(CurveFrame& c) {
         const auto correlated =
             by_eos ? std::nullopt
                    : models::vapour_pressure(c.substance, T, c.fluid.models().vapour_pressure);
-        pLV = by_eos ? equilibrium_at_T(c.fluid, T, pLV).p : correlated ? correlated->p : 0;
+        const auto e = by_eos ? equilibrium_at_T(c.fluid, T, pLV) : std::nullopt;
+        pLV = e ? e->p : correlated ? correlated->p : 0;
         const bool reached = c.options.real_range_only && pLV > 0 &&
                              ((c.v > vcrit && *p > pLV) || (c.v < vcrit && *p < pLV));
         if (reached) {

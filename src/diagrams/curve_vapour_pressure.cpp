@@ -16,7 +16,10 @@ namespace {
 /// p(LV) at T/K by the EOS or by the equation; 0 where there is none. `near` is a close pressure.
 double saturation_pressure(const CurveFrame& c, double T, double near) {
     const models::ModelSelection& m = c.fluid.models();
-    if (m.eos_has_priority && !m.vapour_only) return equilibrium_at_T(c.fluid, T, near).p;
+    if (m.eos_has_priority && !m.vapour_only) {
+        const auto e = equilibrium_at_T(c.fluid, T, near);
+        return e ? e->p : 0;
+    }
     const auto r = models::vapour_pressure(c.substance, T, m.vapour_pressure);
     return r ? r->p : 0;
 }

@@ -20,47 +20,43 @@ bool has_equilibrium(const Fluid& f) {
            f.substance().Tcrit > 0 && f.substance().pcrit > 0 && f.eos().vcrit_calculated > 0;
 }
 
-Equilibrium equilibrium_of(const std::optional<models::Saturation>& s) {
-    if (!s || !(s->p > 0)) return {};
-    return {s->T, s->p, s->v[0], s->v[2], s->state, true};
+std::optional<Equilibrium> equilibrium_of(const std::optional<models::Saturation>& s) {
+    if (!s || !(s->p > 0)) return std::nullopt;
+    return Equilibrium{s->T, s->p, s->v[0], s->v[2], s->state};
 }
 
 /// Where the law of the end of the dome takes over.
-Equilibrium edge_of_law(const Fluid& f) {
+std::optional<Equilibrium> edge_of_law(const Fluid& f) {
     return equilibrium_of(
         models::saturation_pressure(f, f.substance().Tcrit * (1 - kCriticalShare)));
 }
 
 /// The end of the dome by the law that every cubic EOS follows there: the half width goes with the
 /// root of Tcrit - T, its middle and p are linear in T.
-Equilibrium near_critical(const Fluid& f, double T) {
+std::optional<Equilibrium> near_critical(const Fluid& f, double T) {
     const double Tcrit = f.substance().Tcrit;
-    const Equilibrium edge = edge_of_law(f);
-    if (!edge.found) return {};
+    const auto edge = edge_of_law(f);
+    if (!edge) return std::nullopt;
     const double share = (1 - T / Tcrit) / kCriticalShare;
     const double vcrit = f.eos().vcrit_calculated;
-    const double middle = vcrit + (0.5 * (edge.vL + edge.vV) - vcrit) * share;
-    const double half = 0.5 * (edge.vV - edge.vL) * std::sqrt(share);
-    const double p = f.substance().pcrit + (edge.p - f.substance().pcrit) * share;
-    return {T, p, middle - half, middle + half, models::eos_at(f, T), true};
+    const double middle = vcrit + (0.5 * (edge->vL + edge->vV) - vcrit) * share;
+    const double half = 0.5 * (edge->vV - edge->vL) * std::sqrt(share);
+    const double p = f.substance().pcrit + (edge->p - f.substance().pcrit) * share;
+    return Equilibrium{T, p, middle - half, middle + half, models::eos_at(f, T)};
 }
 
 }  // namespace
 
-Equilibrium critical_point(const Fluid& f) {
-    if (!has_equilibrium(f)) return {};
+std::optional<Equilibrium> critical_point(const Fluid& f) {
+    if (!has_equilibrium(f)) return std::nullopt;
     const double T = f.substance().Tcrit;
-    return {T,
-            f.substance().pcrit,
-            f.eos().vcrit_calculated,
-            f.eos().vcrit_calculated,
-            models::eos_at(f, T),
-            true};
+    return Equilibrium{T, f.substance().pcrit, f.eos().vcrit_calculated, f.eos().vcrit_calculated,
+                       models::eos_at(f, T)};
 }
 
-Equilibrium equilibrium_at_T(const Fluid& f, double T, double p_start) {
+std::optional<Equilibrium> equilibrium_at_T(const Fluid& f, double T, double p_start) {
     const double Tcrit = f.substance().Tcrit;
-    if (!has_equilibrium(f) || !(T > 0) || T > Tcrit) return {};
+    if (!has_equilibrium(f) || !(T > 0) || T > Tcrit) return std::nullopt;
     if (T == Tcrit) return critical_point(f);
     if (1 - T / Tcrit < kCriticalShare) return near_critical(f, T);
     if (p_start > 0)
@@ -69,18 +65,18 @@ Equilibrium equilibrium_at_T(const Fluid& f, double T, double p_start) {
     return equilibrium_of(models::saturation_pressure(f, T));
 }
 
-Equilibrium equilibrium_at_p(const Fluid& f, double p, double T_start) {
+std::optional<Equilibrium> equilibrium_at_p(const Fluid& f, double p, double T_start) {
     const double Tcrit = f.substance().Tcrit;
     const double pcrit = f.substance().pcrit;
-    if (!has_equilibrium(f) || !(p > 0) || p > pcrit) return {};
+    if (!has_equilibrium(f) || !(p > 0) || p > pcrit) return std::nullopt;
     if (p == pcrit) return critical_point(f);
     // In front of the law p changes by some seven times the share of T.
     if (p > (1 - 20 * kCriticalShare) * pcrit) {
-        const Equilibrium edge = edge_of_law(f);
-        if (edge.found && p > edge.p) {
-            Equilibrium e =
-                near_critical(f, Tcrit * (1 - kCriticalShare * (pcrit - p) / (pcrit - edge.p)));
-            e.p = p;
+        const auto edge = edge_of_law(f);
+        if (edge && p > edge->p) {
+            auto e =
+                near_critical(f, Tcrit * (1 - kCriticalShare * (pcrit - p) / (pcrit - edge->p)));
+            if (e) e->p = p;
             return e;
         }
     }

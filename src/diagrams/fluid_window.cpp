@@ -73,10 +73,10 @@ void visit_states(const models::Fluid& fluid, Visit visit) {
     for (int i = 0; i <= kTemperatures; ++i) {
         const double T = low + (kHighestShare * s.Tcrit - low) * i / kTemperatures;
         if (T < s.Tcrit && !fluid.models().vapour_only) {
-            const Equilibrium e = equilibrium_at_T(fluid, T);
-            if (e.found) {
-                visit(T, e.p, e.vL);
-                visit(T, e.p, e.vV);
+            const auto e = equilibrium_at_T(fluid, T);
+            if (e) {
+                visit(T, e->p, e->vL);
+                visit(T, e->p, e->vV);
             }
         }
         for (int k = 0; k <= kPressures; ++k) {

@@ -105,11 +105,10 @@ ProcessAnswer take_straight_line(const ProcessLine& before, const ProcessInput& 
 
 /// T1 and p1 of a heterogeneous line lie on the coexistence curve.
 bool complete_saturated_start(ProcessLine& r, const models::Fluid& fluid) {
-    const Equilibrium e =
-        r.range_is_T ? equilibrium_at_T(fluid, r.T1) : equilibrium_at_p(fluid, r.p1);
-    if (!e.found) return false;
-    r.T1 = e.T;
-    r.p1 = e.p;
+    const auto e = r.range_is_T ? equilibrium_at_T(fluid, r.T1) : equilibrium_at_p(fluid, r.p1);
+    if (!e) return false;
+    r.T1 = e->T;
+    r.p1 = e->p;
     return true;
 }
 

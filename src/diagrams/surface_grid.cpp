@@ -40,14 +40,15 @@ Value pressure(const Surface& s, double T, double v) {
 }
 
 /// p(v, T): below Tcrit the states inside the dome stand at its pressure.
-Value pressure_of_node(const Surface& s, const Equilibrium& e, double T, double v) {
-    const bool two_phase = !s.s_curve && e.found && v > e.vL && v < e.vV;
-    return two_phase ? e.p * s.p_factor : pressure(s, T, v);
+Value pressure_of_node(const Surface& s, const std::optional<Equilibrium>& e, double T, double v) {
+    const bool two_phase = !s.s_curve && e && v > e->vL && v < e->vV;
+    return two_phase ? e->p * s.p_factor : pressure(s, T, v);
 }
 
 /// T(v, p), in the dome the temperature of the equilibrium.
-Value temperature_of_node(const Surface& s, const Equilibrium& e, double v, double p) {
-    if (!s.s_curve && e.found && v > e.vL && v < e.vV) return e.T * s.T_factor;
+Value temperature_of_node(const Surface& s, const std::optional<Equilibrium>& e, double v,
+                          double p) {
+    if (!s.s_curve && e && v > e->vL && v < e->vV) return e->T * s.T_factor;
     const auto T = models::temperature_from_p_rho(s.fluid, p, s.M / v, true);
     if (!T) return std::nullopt;
     return *T * s.T_factor;
@@ -101,7 +102,7 @@ void fill(SurfaceGrid& grid, const Surface& s, const Clip& clip) {
     for (int j = 0; j < grid.ny; ++j) {
         const double y = grid.y(j);
         // The dome of a row of nodes is the same for all of them.
-        Equilibrium e;
+        std::optional<Equilibrium> e;
         if (s.kind.z == Axis::p) e = equilibrium_at_T(s.fluid, y / s.T_factor);
         if (s.kind.z == Axis::T) e = equilibrium_at_p(s.fluid, y / s.p_factor);
         for (int i = 0; i < grid.nx; ++i) {

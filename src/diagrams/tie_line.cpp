@@ -17,17 +17,16 @@ bool is_isobaric(const CurveFrame& c) {
 
 std::optional<TieLine> ends_of(const CurveFrame& c) {
     const bool isobaric = is_isobaric(c);
-    const Equilibrium e =
-        isobaric ? equilibrium_at_p(c.fluid, c.p) : equilibrium_at_T(c.fluid, c.T);
-    if (!e.found) return std::nullopt;
+    const auto e = isobaric ? equilibrium_at_p(c.fluid, c.p) : equilibrium_at_T(c.fluid, c.T);
+    if (!e) return std::nullopt;
     const auto project = [&](double v) {
         const auto functions =
-            shows_caloric_values(c.axes) ? c.functions(e.T, e.p, v) : std::nullopt;
-        return project_state(c.axes, c.basis, {e.T, e.p, v}, functions);
+            shows_caloric_values(c.axes) ? c.functions(e->T, e->p, v) : std::nullopt;
+        return project_state(c.axes, c.basis, {e->T, e->p, v}, functions);
     };
-    const auto L = project(e.vL), V = project(e.vV);
+    const auto L = project(e->vL), V = project(e->vV);
     if (!L || !V) return std::nullopt;
-    const double z = isobaric ? e.p : e.T;
+    const double z = isobaric ? e->p : e->T;
     return TieLine{as_point(*L, z), as_point(*V, z)};
 }
 

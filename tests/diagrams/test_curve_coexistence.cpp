@@ -21,8 +21,8 @@ using models::StateValues;
 class Coexistence : public ActiveFluid {
   protected:
     double M() { return static_cast<double>(substance.M); }
-    Equilibrium sat_T(double T) { return diagrams::equilibrium_at_T(fluid(), T); }
-    Equilibrium sat_p(double p) { return diagrams::equilibrium_at_p(fluid(), p); }
+    Equilibrium sat_T(double T) { return diagrams::equilibrium_at_T(fluid(), T).value(); }
+    Equilibrium sat_p(double p) { return diagrams::equilibrium_at_p(fluid(), p).value(); }
     Drawn dome(int code, double fraction) {
         vapour_fraction = fraction;
         return Draw(code, {.T = 300, .p = 500});

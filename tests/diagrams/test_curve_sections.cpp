@@ -63,7 +63,7 @@ TEST_F(Sections, NoChordIsFurtherThanAPixelFromTheIsothermOrTheIsobar) {
     options.points = 100;
     const Textbook eos = textbook();
     const Drawn isotherm = Draw(1, {.T = Tc(0.9)});
-    const auto e = diagrams::equilibrium_at_T(fluid(), Tc(0.9));
+    const auto e = diagrams::equilibrium_at_T(fluid(), Tc(0.9)).value();
     const auto& w = isotherm.request.window;
     const double width = w.x_max - w.x_min, height = w.y_max - w.y_min;
     std::size_t liquid = 0;
@@ -87,7 +87,7 @@ TEST_F(Sections, ASubcriticalIsothermHasAHorizontalTieLine) {
     activate("Water");
     const double T = Tc(0.9);
     const Drawn curve = Draw(1, {.T = T});
-    const auto e = diagrams::equilibrium_at_T(fluid(), T);
+    const auto e = diagrams::equilibrium_at_T(fluid(), T).value();
     const auto pts = curve.points();
     const auto L = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
         return point.x == static_cast<float>(e.vL);
@@ -114,7 +114,7 @@ TEST_F(Sections, TheSShapedIsothermRunsThroughTheDomeAndKeepsItsEnds) {
     options.s_without_tie_line = true;
     const double T = Tc(0.9);
     const Drawn curve = Draw(1, {.T = T});
-    const auto e = diagrams::equilibrium_at_T(fluid(), T);
+    const auto e = diagrams::equilibrium_at_T(fluid(), T).value();
     const auto inside = [&](const CurvePoint& point) {
         return point.x > static_cast<float>(e.vL) && point.x < static_cast<float>(e.vV);
     };
@@ -131,7 +131,7 @@ TEST_F(Sections, TheMetastableIsothermLiesInsideTheDomeOnly) {
     activate("Propane");
     branch = diagrams::Branch::metastable;
     const double T = Tc(0.92);
-    const auto e = diagrams::equilibrium_at_T(fluid(), T);
+    const auto e = diagrams::equilibrium_at_T(fluid(), T).value();
     const Drawn curve = Draw(1, {.T = T});
     EXPECT_EQ(curve.first().x, static_cast<float>(e.vL));
     EXPECT_EQ(curve.last().x, static_cast<float>(e.vV));
@@ -173,7 +173,7 @@ TEST_F(Sections, IsothermsOverPressureHoldPvAndDensity) {
 TEST_F(Sections, OverPressureTheVapourEndComesBeforeTheLiquidEnd) {
     activate("Propane");
     const double T = Tc(0.9);
-    const auto e = diagrams::equilibrium_at_T(fluid(), T);
+    const auto e = diagrams::equilibrium_at_T(fluid(), T).value();
     const Drawn curve = Draw(26, {.T = T});
     const auto pts = curve.points();
     const auto V = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
@@ -217,7 +217,7 @@ TEST_F(Sections, TheMetastableIsothermOverPressureGoesFromVapourToLiquid) {
     activate("Propane");
     branch = diagrams::Branch::metastable;
     const double T = Tc(0.93);
-    const auto e = diagrams::equilibrium_at_T(fluid(), T);
+    const auto e = diagrams::equilibrium_at_T(fluid(), T).value();
     for (const int code : {std::int16_t{2}, std::int16_t{26}}) {
         const Drawn curve = Draw(code, {.T = T});
         EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(e.p));
@@ -260,7 +260,7 @@ TEST_F(Sections, IsobarsLieOnTheEquation) {
 TEST_F(Sections, AnIsobarBoilsAtOneTemperature) {
     activate("Water");
     const double p = 1000;
-    const auto e = diagrams::equilibrium_at_p(fluid(), p);
+    const auto e = diagrams::equilibrium_at_p(fluid(), p).value();
     const Drawn curve = Draw(3, {.p = p});
     const auto boiling = [&](const CurvePoint& point) {
         return point.y == static_cast<float>(e.T);
@@ -277,7 +277,7 @@ TEST_F(Sections, TheMetastableIsobarRisesAndFallsBetweenItsEnds) {
     activate("Propane");
     branch = diagrams::Branch::metastable;
     const double p = pc(0.6);
-    const auto e = diagrams::equilibrium_at_p(fluid(), p);
+    const auto e = diagrams::equilibrium_at_p(fluid(), p).value();
     const Drawn curve = Draw(3, {.p = p});
     EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(e.vL));
     EXPECT_FLOAT_EQ(curve.last().x, static_cast<float>(e.vV));
@@ -311,10 +311,10 @@ TEST_F(Sections, TheIsochoreAboveTheCriticalVolumeEndsOnTheDewLine) {
     const Drawn curve = Draw(5, {.v = v});
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_EQ(curve.mark(), -3);
-    const auto e = diagrams::equilibrium_at_T(fluid(), curve.last().x);
+    const auto e = diagrams::equilibrium_at_T(fluid(), curve.last().x).value();
     EXPECT_NEAR(curve.last().y / e.p, 1, 1e-5);
     // One step above the end the state is still gas, one step below it would be wet.
-    EXPECT_GT(diagrams::equilibrium_at_T(fluid(), curve.nth(curve.count() - 1).x).p,
+    EXPECT_GT(diagrams::equilibrium_at_T(fluid(), curve.nth(curve.count() - 1).x).value().p,
               curve.nth(curve.count() - 1).y);
     for (std::size_t i = 1; i < curve.count(); ++i) {
         EXPECT_NEAR(textbook().pressure(curve.nth(i).x, v) / curve.nth(i).y, 1, 1e-6);
@@ -326,7 +326,7 @@ TEST_F(Sections, TheIsochoreBelowTheCriticalVolumeEndsOnTheBoilingLine) {
     activate("Carbon dioxide");
     const double v = 0.6 * eosConstants.vcrit_calculated;
     const Drawn curve = Draw(5, {.v = v});
-    const auto e = diagrams::equilibrium_at_T(fluid(), curve.last().x);
+    const auto e = diagrams::equilibrium_at_T(fluid(), curve.last().x).value();
     EXPECT_NEAR(curve.last().y / e.p, 1, 1e-5);
 }
 
