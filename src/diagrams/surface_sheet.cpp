@@ -175,11 +175,11 @@ SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder,
                               .name = proposed,
                               .default_extension = kExtension,
                               .overwrite_prompt = true});
-    if (!name || name->empty()) return {{}, folder};
+    if (!name || name->empty()) return {std::nullopt, folder};
     const std::string path = paths::target_path(*name, folder, kExtension);
     const Result<void> saved = chart::save_chart(sheet.chart, path);
     if (!saved) dialogs::tell(saved.reason(), "ERROR", dialogs::Icon::Stop);
-    return {saved ? path : std::string(), paths::folder_of(path)};
+    return {saved ? std::optional(path) : std::nullopt, paths::folder_of(path)};
 }
 
 SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
@@ -190,7 +190,7 @@ SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
                               .folder = folder,
                               .name = kAnyFile,
                               .default_extension = kExtension});
-    if (!name || name->empty()) return {{}, folder};
+    if (!name || name->empty()) return {std::nullopt, folder};
     const std::string path = paths::in_folder(*name, folder);
     const Result<void> read = chart::load_chart(path, sheet.chart);
     if (read) {
@@ -199,7 +199,7 @@ SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
         return {path, paths::folder_of(path)};
     }
     dialogs::tell(read.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
-    return {{}, paths::folder_of(path)};
+    return {std::nullopt, paths::folder_of(path)};
 }
 
 std::string surface_readout(const chart::Chart3D& chart, double x, double y, double z) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "chart/chart3d.h"
@@ -47,8 +48,8 @@ bool tell_empty_surface(const chart::Chart3D& chart);
 
 /// What came of a file.
 struct SurfaceFileAnswer {
-    std::string file;    ///< empty: nothing was written, or read
-    std::string folder;  ///< in which the next file is looked for
+    std::optional<std::string> file;  ///< that was written, or read
+    std::string folder;               ///< in which the next file is looked for
 };
 /// The name proposed for the file of a surface: of a substance and the axes, such as "Propane
 /// h-p-T.oc3".

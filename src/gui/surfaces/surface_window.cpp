@@ -96,8 +96,8 @@ void SurfaceWindow::loadOC3() {
     const diagrams::SurfaceFileAnswer answer =
         diagrams::load_oc3(sheet_, session_->folder_surfaces);
     session_.change()->folder_surfaces = answer.folder;
-    if (answer.file.empty()) return;
-    showCaption(qt(paths::file_title(answer.file)));
+    if (!answer.file) return;
+    showCaption(qt(paths::file_title(*answer.file)));
     refresh();
 }
 
