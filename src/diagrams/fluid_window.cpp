@@ -15,22 +15,11 @@ namespace quor::diagrams {
 
 namespace {
 
-/// Functions whose values depend on the zero of h and s, so that no limits suit every fluid.
-bool depends_on_zero(Axis axis) {
-    switch (axis) {
-        case Axis::h:
-        case Axis::hSpaced:
-        case Axis::s:
-        case Axis::g:
-        case Axis::a:
-        case Axis::u:
-        case Axis::eH:
-        case Axis::eU:
-        case Axis::Tenvs:
-            return true;
-        default:
-            return false;
-    }
+/// True for the limits of h, s and their kin, whose values depend on the zero of h and s, so that
+/// no limits suit every fluid.
+bool depend_on_zero(const LimitPair& limits) {
+    return limits.low == &CoordinateDefaults::func_min ||
+           limits.low == &CoordinateDefaults::entropy_min;
 }
 
 /// The range of an axis: given, or growing with the states.
@@ -94,7 +83,8 @@ void visit_states(const models::Fluid& fluid, Visit visit) {
 
 std::optional<CurveWindow> fluid_window(const Diagram& diagram, const Basis& basis,
                                         const CurveWindow& window) {
-    const bool x_grows = depends_on_zero(diagram.x), y_grows = depends_on_zero(diagram.y);
+    const bool x_grows = depend_on_zero(diagram.x_limits),
+               y_grows = depend_on_zero(diagram.y_limits);
     const models::SubstanceRecord& s = basis.fluid.substance();
     if ((!x_grows && !y_grows) || !(s.Tcrit > 0) || !(s.pcrit > 0)) return std::nullopt;
     AxisRange x(x_grows, window.x_min, window.x_max), y(y_grows, window.y_min, window.y_max);
