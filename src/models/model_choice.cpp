@@ -197,7 +197,7 @@ void ModelChoice::choose_cp(std::size_t index) {
 }
 
 void ModelChoice::set_watson(std::string_view typed) {
-    const double n = numbers::val_input(typed);
+    const double n = numbers::typed_number(typed).value_or(0);
     constexpr double kLargest = std::numeric_limits<float>::max();
     models_.watson_n = std::fabs(n) <= kLargest ? static_cast<float>(n) : 0.0F;
 }

@@ -216,6 +216,39 @@ TEST_F(ExtendedPages, MechanicalCoefficientsOfEachPhaseHaveTheirOwnNumbers) {
     EXPECT_GT(numbers[32], 10 * numbers[36]) << "the vapour is the more compressible";
 }
 
+// The pressure of a vapour pressure equation lies beside that of the equation of state, for which
+// one of the phases is then metastable.
+TEST_F(ExtendedPages, NameThePhaseThatIsMetastable) {
+    chosen.method.global = false;
+    use_benson_reference();
+    chosen.pages.residual = true;
+    use_input({.T = 200});
+    ASSERT_FALSE(calculate(4).Failed);
+    const auto sat = models::saturation_pressure(fluid(), 200.0);
+    ASSERT_TRUE(sat && last.answer.pages);
+    ASSERT_GT(std::fabs(last.answer.p / sat->p - 1), 0.01);
+    const bool liquid_is_stable = last.answer.p > sat->p;
+    EXPECT_EQ(last.answer.pages->metastable_vapour, liquid_is_stable);
+    EXPECT_EQ(last.answer.pages->metastable_liquid, !liquid_is_stable);
+    EXPECT_TRUE(has_line(
+        liquid_is_stable
+            ? "The V phase of these pages is metastable at T and p: the EOS has phase L."
+            : "The L phase of these pages is metastable at T and p: the EOS has phase V."));
+}
+
+TEST_F(ExtendedPages, OfAnAssumedEquilibriumHoldOnlyThePhaseThatExists) {
+    chosen.method.global = false;
+    chosen.method.assumed_vle = true;
+    use_benson_reference();
+    chosen.pages.residual = true;
+    use_input({.T = 300, .p = 900});
+    ASSERT_FALSE(calculate(3).Failed);
+    ASSERT_TRUE(last.answer.pages);
+    EXPECT_FALSE(last.answer.pages->phases.liquid);
+    EXPECT_FALSE(last.answer.pages->liquid);
+    EXPECT_TRUE(last.answer.pages->vapour);
+}
+
 TEST_F(ExtendedPages, WithoutHeatCapacityOnlyTheEquationOfStateSpeaks) {
     use_models({.cp = 0});
     chosen.pages.residual = true;

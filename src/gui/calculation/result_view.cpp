@@ -301,10 +301,10 @@ void ResultView::follow() {
     if (!view_.function_print_enabled) funcPrint_->setChecked(false);
     protocol_->setVisible(panels && view_.protocol_visible);
     iso_->setVisible(panels);
-    const bool has_state = session::iso_start(session_).has_value();
-    iso_->setEnabled(has_state);
-    iso_->setToolTip(has_state ? "Another state on a line of constant h, s, v ... from this one"
-                               : "not yet a T|p value available!");
+    const bool hasState = session::iso_start(session_).has_value();
+    iso_->setEnabled(hasState);
+    iso_->setToolTip(hasState ? "Another state on a line of constant h, s, v ... from this one"
+                              : "not yet a T|p value available!");
     write_->setEnabled(!result.failed());
     write_->setToolTip(result.failed() ? "There is no result to write"
                                        : "Adds this result to the protocol");

@@ -299,7 +299,7 @@ diagrams::ProcessInput ProcessLineDialog::input() const {
     in.ideal_gas_equation = chosen(eos_, kIdealGas);
     in.end_to_begin = continue_->isChecked();
     if (isPolytropic()) {
-        in.kappa = numbers::val_input(kappa_->currentText().toStdString());
+        in.kappa = numbers::typed_number(kappa_->currentText().toStdString()).value_or(0);
         in.exponent = numberIn(exponent_);
     }
     // The fields show fewer digits than the last point has.
