@@ -5,7 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "tools/quorcalc/program.h"
+#include "tools/quorcalc_call.h"
 
 using namespace quor;
 
@@ -13,23 +13,10 @@ namespace {
 
 using nlohmann::json;
 
-struct Outcome {
-    int exit = 0;
-    std::string out, err;
-    json object() const { return json::parse(out); }
-};
-
 class Quorcalc : public testing::Test {
   protected:
     static Outcome call(const std::vector<std::string>& words, const std::string& input = "") {
-        std::istringstream in(input);
-        std::ostringstream out, err;
-        Outcome r;
-        quorcalc::Program program{Places(QUOR_BINARY_FOLDER)};
-        r.exit = program.main(words, in, out, err);
-        r.out = out.str();
-        r.err = err.str();
-        return r;
+        return call_quorcalc(words, input);
     }
 };
 

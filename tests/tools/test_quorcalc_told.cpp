@@ -9,7 +9,7 @@
 #include "common/numbers.h"
 #include "common/whole_file.h"
 #include "support/temporary_folder.h"
-#include "tools/quorcalc/program.h"
+#include "tools/quorcalc_call.h"
 
 using namespace quor;
 
@@ -17,26 +17,11 @@ namespace {
 
 using nlohmann::json;
 
-struct Outcome {
-    int exit = 0;
-    std::string out, err;
-    json object() const { return json::parse(out); }
-};
-
 using Words = std::vector<std::string>;
 
 class QuorcalcTells : public testing::Test {
   protected:
-    static Outcome call(const Words& words) {
-        std::istringstream in;
-        std::ostringstream out, err;
-        Outcome r;
-        quorcalc::Program program{Places(QUOR_BINARY_FOLDER)};
-        r.exit = program.main(words, in, out, err);
-        r.out = out.str();
-        r.err = err.str();
-        return r;
-    }
+    static Outcome call(const Words& words) { return call_quorcalc(words); }
     static json result(Words words) {
         words.emplace_back("--json");
         return call(words).object();
