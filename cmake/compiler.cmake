@@ -25,3 +25,12 @@ if(QUOR_SANITIZE_THREADS)
   target_compile_options(quor_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
   target_link_options(quor_options INTERFACE -fsanitize=thread)
 endif()
+if(QUOR_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "The fuzz targets need clang: cmake --preset fuzz")
+  endif()
+  # A number that does not fit its whole number is not among what "undefined" stands for.
+  target_compile_options(quor_options INTERFACE -fsanitize=address,undefined,float-cast-overflow
+    -fsanitize=fuzzer-no-link -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quor_options INTERFACE -fsanitize=address,undefined)
+endif()

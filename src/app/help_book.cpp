@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 
 #include "common/text.h"
+#include "common/whole_file.h"
 
 namespace quor::help {
 
@@ -15,10 +14,14 @@ using Json = nlohmann::json;
 
 namespace {
 
+// Bounds that no help comes near, so that a damaged or planted file costs nothing.
+constexpr std::size_t kLargestFile = std::size_t{1} << 20;
+constexpr int kDeepest = 16;
+
 std::optional<std::string> read(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    if (!in) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(in), {});
+    Result<std::string> bytes = files::read_whole(file, kLargestFile);
+    if (!bytes) return std::nullopt;
+    return *std::move(bytes);
 }
 
 std::string folded(std::string_view s) {
@@ -82,9 +85,7 @@ std::string plain_text(std::string_view html) {
             text += c == '\n' || c == '\r' || c == '\t' ? ' ' : c;
         }
     }
-    for (const auto& [sign, plain] : kSigns)
-        for (std::size_t at = 0; (at = text.find(sign, at)) != std::string::npos; ++at)
-            text.replace(at, sign.size(), plain);
+    for (const auto& [sign, plain] : kSigns) text = text::replace_all(text, sign, plain);
     text.erase(
         std::unique(text.begin(), text.end(), [](char a, char b) { return a == ' ' && b == ' '; }),
         text.end());
@@ -108,7 +109,8 @@ std::optional<Book> Book::load(const fs::path& folder) {
                     if (topic.is_number_integer())
                         book.topics_.push_back({topic.get<int>(), entry.page});
             book.contents_.push_back(std::move(entry));
-            if (item.contains("children")) self(self, item["children"], depth + 1);
+            if (item.contains("children") && depth < kDeepest)
+                self(self, item["children"], depth + 1);
         }
     };
     try {

@@ -28,7 +28,8 @@ struct Hit {
 class Book {
   public:
     /// Reads "contents.json" and the pages it names. Nothing when the folder holds no readable
-    /// contents; pages that are missing are passed over by the search.
+    /// contents; pages that are missing are passed over by the search. Files above 1 MiB are as if
+    /// they were missing, and lines nested more than 16 deep are left out.
     static std::optional<Book> load(const std::filesystem::path& folder);
 
     const std::filesystem::path& folder() const { return folder_; }

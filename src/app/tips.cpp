@@ -1,12 +1,16 @@
 #include "app/tips.h"
 
-#include <fstream>
-#include <sstream>
-
 #include "common/dialogs.h"
 #include "common/text.h"
+#include "common/whole_file.h"
 
 namespace quor::session {
+
+namespace {
+
+constexpr std::size_t kLargestTips = std::size_t{1} << 20;
+
+}  // namespace
 
 std::string tips_file(const Session& session) {
     return session->english ? "QUORTIPS_E.TXT" : "QUORTIPS.TXT";
@@ -15,15 +19,14 @@ std::string tips_file(const Session& session) {
 Tips load_tips(const Session& session, std::uint32_t random_number) {
     Tips tips;
     const std::string name = tips_file(session);
-    std::ifstream in(session.places().find_file(name), std::ios::binary);
-    if (!in) {
+    const Result<std::string> content =
+        files::read_whole(session.places().find_file(name), kLargestTips);
+    if (!content) {
         tips.missing = true;
         dialogs::tell("The file " + name + "not found in the QUOR directory ", "Tips");
         return tips;
     }
-    std::ostringstream content;
-    content << in.rdbuf();
-    for (std::string& line : text::lines(text::from_ansi(content.str())))
+    for (std::string& line : text::lines(text::from_ansi(*content)))
         if (!text::trim(line).empty()) tips.lines.push_back(std::move(line));
     if (!tips.lines.empty()) tips.current = random_number % tips.lines.size();
     return tips;

@@ -1,8 +1,8 @@
 #include "chart/chart_json.h"
 
-#include <fstream>
-#include <iterator>
 #include <system_error>
+
+#include "common/whole_file.h"
 
 namespace quor::chart::files {
 
@@ -82,10 +82,9 @@ std::string read_whole(const std::filesystem::path& file) {
     const auto size = std::filesystem::file_size(file, error);
     if (error) throw BadField("The file cannot be opened.");
     if (size > kMaxBytes) throw BadField("The file is too large for a saved diagram.");
-    std::ifstream in(file, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(in), {}};
-    if (!in || text.size() != size) throw BadField("The file cannot be read.");
-    return text;
+    Result<std::string> text = quor::files::read_whole(file, kMaxBytes);
+    if (!text || text->size() != size) throw BadField("The file cannot be read.");
+    return *std::move(text);
 }
 
 }  // namespace quor::chart::files

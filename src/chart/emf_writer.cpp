@@ -35,7 +35,7 @@ enum Record : std::uint32_t {
     kExtCreatePen = 95
 };
 
-constexpr std::uint32_t kStockNullBrush = 0x80000005, kStockNullPen = 0x80000008;
+constexpr std::uint32_t kStockNullPen = 0x80000008;
 constexpr std::uint32_t kGeometricPen = 0x00010000;
 constexpr std::uint32_t kAdvancedGraphics = 2;
 constexpr std::size_t kHeaderBytes = 108;

@@ -125,10 +125,15 @@ std::string remove_blanks(std::string_view s) {
 }
 
 std::string replace_all(std::string s, std::string_view from, std::string_view to) {
-    if (from.empty()) return s;
-    for (std::size_t i = s.find(from); i != std::string::npos; i = s.find(from, i + to.size()))
-        s.replace(i, from.size(), to);
-    return s;
+    std::size_t found = from.empty() ? std::string::npos : s.find(from);
+    if (found == std::string::npos) return s;
+    std::string replaced;
+    std::size_t taken = 0;
+    for (; found != std::string::npos; found = s.find(from, taken)) {
+        replaced.append(s, taken, found - taken).append(to);
+        taken = found + from.size();
+    }
+    return replaced.append(s, taken);
 }
 
 std::string to_upper(std::string_view s) {

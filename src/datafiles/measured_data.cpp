@@ -1,10 +1,12 @@
 #include "datafiles/measured_data.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "common/text_parts.h"
 #include "common/whole_file.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/substance_file.h"
@@ -19,7 +21,7 @@ constexpr std::size_t kHeadLines = 4;
 /// The cells of a line, one after the other, and whether all of them hold a number.
 class Cells {
   public:
-    explicit Cells(std::string_view line) : cells_(text::split(line, ',')) {}
+    explicit Cells(std::string_view line) : cells_(line, ',') {}
 
     void take(double& value) {
         const std::optional<double> read = next();
@@ -32,22 +34,20 @@ class Cells {
         right_ = right_ && read.has_value();
         value = read.value_or(0.0F);
     }
-    /// True when there was a number for each value and nothing is left.
-    bool right() const {
-        return right_ &&
-               std::all_of(
-                   cells_.begin() + static_cast<std::ptrdiff_t>(std::min(at_, cells_.size())),
-                   cells_.end(), [](const auto& rest) { return text::trim(rest).empty(); });
+    /// True when there was a number for each value; what is left must be blank.
+    bool right() {
+        while (const auto rest = cells_.next())
+            if (!text::without_end_blanks(*rest).empty()) return false;
+        return right_;
     }
 
   private:
     std::optional<double> next() {
-        const std::size_t i = at_++;
-        return i < cells_.size() ? numbers::number(cells_[i]) : std::nullopt;
+        const auto cell = cells_.next();
+        return cell ? numbers::number(*cell) : std::nullopt;
     }
 
-    std::vector<std::string> cells_;
-    std::size_t at_ = 0;
+    text::CellCursor cells_;
     bool right_ = true;
 };
 
@@ -60,8 +60,9 @@ void read_point(ReadPoints<MeasuredPoint>& read, std::string_view line) {
     cells.take(point.rhoV);
     cells.take(point.hLV);
     cells.take(point.cp);
-    if (!cells.right()) point.skip = kInactive;
-    read.add(point, cells.right());
+    const bool right = cells.right();
+    if (!right) point.skip = kInactive;
+    read.add(point, right);
 }
 
 std::string point_line(const MeasuredPoint& s) {
@@ -74,20 +75,28 @@ std::string point_line(const MeasuredPoint& s) {
 Result<MeasuredDataFile> read_measured_data(const std::string& ansi_text,
                                             const std::string& title) {
     const Failure none{"The file " + title + " holds no experimental data."};
-    const std::vector<std::string> lines = text::lines(text::from_ansi(ansi_text));
-    if (lines.size() < kHeadLines) return none;
-    MeasuredDataFile file{.date = lines[0],
-                          .data = {.comment = lines[1], .casrn = lines[2], .file = title}};
+    text::LineCursor lines(ansi_text);
+    std::array<std::string, kHeadLines> head;
+    for (std::string& line : head) {
+        const auto next = lines.next();
+        if (!next) return none;
+        line = text::from_ansi(*next);
+    }
+    MeasuredDataFile file{.date = head[0],
+                          .data = {.comment = head[1], .casrn = head[2], .file = title}};
     ReadPoints<MeasuredPoint> read;
     std::vector<MeasuredPoint>& points = read.points;
-    file.announced = std::max(0.0, cell_number(lines[3]));
-    for (std::size_t i = kHeadLines; i < lines.size(); ++i) {
-        if (static_cast<double>(points.size()) + 1.0 > file.announced) break;
-        read_point(read, lines[i]);
+    file.announced = std::max(0.0, cell_number(head[3]));
+    // One more than a table holds tells that there are too many.
+    const double wanted = std::min(file.announced, static_cast<double>(kMostMeasuredPoints) + 1.0);
+    while (static_cast<double>(points.size()) + 1.0 <= wanted) {
+        const auto line = lines.next();
+        if (!line) break;
+        read_point(read, *line);
     }
     // A last line that is cut short may hold half a number.
     const bool open = ansi_text.back() != '\n' && ansi_text.back() != '\r';
-    const bool incomplete = static_cast<double>(points.size()) < file.announced;
+    const bool incomplete = static_cast<double>(points.size()) < wanted;
     if (open && incomplete && !points.empty()) {
         points.pop_back();
         std::erase(read.wrong, points.size());

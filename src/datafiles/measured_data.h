@@ -49,7 +49,8 @@ struct MeasuredDataFile {
 
 /// Reads a file's text (code page 1252). It is refused when it has less than the four lines of the
 /// head, or announces data and has none. A set with a cell that is no number is inactive; a last
-/// line that is cut short does not count. `title` names the file in the data and in a refusal.
+/// line that is cut short does not count. `title` names the file in the data and in a refusal. At
+/// most one set more than a table holds is read, which tells that there are too many.
 Result<MeasuredDataFile> read_measured_data(const std::string& ansi_text, const std::string& title);
 
 /// The text of a file: head, then one line of T, p, rhoL, rhoV, hLV, cp a set.

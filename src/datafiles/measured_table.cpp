@@ -7,6 +7,7 @@
 #include "common/constants.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "common/text_parts.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/table_text.h"
 
@@ -34,13 +35,14 @@ double density_of(const MeasuredPoint& set, MeasuredColumn column) {
 }
 
 void add_line(ReadPoints<MeasuredPoint>& read, std::string_view line, const MeasuredUnits& units) {
-    const std::vector<std::string> cells = text::split(line, '\t');
+    text::CellCursor cells(line, '\t');
     MeasuredPoint set;
     bool right = true;
-    for (int i = 0; i < kMeasuredColumns && static_cast<std::size_t>(i) < cells.size(); ++i)
-        if (!store_cell(set, static_cast<MeasuredColumn>(i), cells[static_cast<std::size_t>(i)],
-                        units))
-            right = false;
+    for (int i = 0; i < kMeasuredColumns; ++i) {
+        const auto cell = cells.next();
+        if (!cell) break;
+        if (!store_cell(set, static_cast<MeasuredColumn>(i), *cell, units)) right = false;
+    }
     if (!right) set.skip = kInactive;
     read.add(set, right);
 }
@@ -158,7 +160,7 @@ bool store_cell(MeasuredPoint& set, MeasuredColumn column, std::string_view type
 
 ReadPoints<MeasuredPoint> sets_from_clipboard(std::string_view table, const MeasuredUnits& units) {
     ReadPoints<MeasuredPoint> read;
-    for (const std::string& line : data_lines(table)) add_line(read, line, units);
+    for (const std::string_view line : data_lines(table)) add_line(read, line, units);
     return read;
 }
 

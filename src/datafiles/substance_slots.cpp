@@ -18,7 +18,7 @@ using constants::kPresent;
 using models::CpSet;
 using models::SubstanceRecord;
 
-constexpr int kSlotTripleT = 92, kSlotSecondTripleT = 94;
+constexpr int kSlotSecondTripleT = 94;
 constexpr int kSlotSecondWatsonH = 108, kSlotSecondWatsonT = 109;
 /// A second Watson point nearer than this to the boiling point replaces the first.
 constexpr double kWatsonDistance = 2.0;

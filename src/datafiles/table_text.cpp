@@ -1,30 +1,39 @@
 #include "datafiles/table_text.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/text.h"
+#include "common/text_parts.h"
 
 namespace quor::datafiles {
 
 namespace {
 
-bool begins_number(const std::string& cell) {
+bool begins_number(std::string_view cell) {
     const std::string s = text::trim(cell);
     const std::size_t i = s.find_first_not_of("+-.,");
     return i != std::string::npos && s[i] >= '0' && s[i] <= '9';
 }
 
-bool is_heading(const std::string& line) {
-    const std::vector<std::string> cells = text::split(line, '\t');
-    return std::none_of(cells.begin(), cells.end(), begins_number);
+bool is_heading(std::string_view line) {
+    text::CellCursor cells(line, '\t');
+    while (const auto cell = cells.next())
+        if (begins_number(*cell)) return false;
+    return true;
 }
 
 }  // namespace
 
-std::vector<std::string> data_lines(std::string_view table) {
-    std::vector<std::string> lines = text::lines(table);
-    std::erase_if(lines, [](const std::string& line) { return text::trim(line).empty(); });
-    if (!lines.empty() && is_heading(lines.front())) lines.erase(lines.begin());
+std::vector<std::string_view> data_lines(std::string_view table) {
+    std::vector<std::string_view> lines;
+    text::LineCursor rest(table);
+    bool first = true;
+    while (const auto line = rest.next()) {
+        if (text::without_end_blanks(*line).empty()) continue;
+        const bool heading = std::exchange(first, false) && is_heading(*line);
+        if (!heading) lines.push_back(*line);
+    }
     return lines;
 }
 

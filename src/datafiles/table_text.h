@@ -19,9 +19,9 @@ struct ReadPoints {
     }
 };
 
-/// The lines of a pasted table that hold data: empty ones, and a first line in which no cell
-/// begins with a number (headings), are left out.
-std::vector<std::string> data_lines(std::string_view table);
+/// The lines of a pasted table that hold data, as parts of it: empty ones, and a first line in
+/// which no cell begins with a number (headings), are left out.
+std::vector<std::string_view> data_lines(std::string_view table);
 
 /// Rows as lines of right-aligned columns, two blanks between them; '\n' ends a line.
 std::string aligned_columns(const std::vector<std::vector<std::string>>& rows);

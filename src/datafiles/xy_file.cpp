@@ -1,10 +1,11 @@
 #include "datafiles/xy_file.h"
 
-#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "common/text_parts.h"
 #include "common/whole_file.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/xy_points.h"
@@ -21,13 +22,19 @@ char delimiter_of(std::string_view line, char delimiter) {
     return delimiter;
 }
 
-/// The cells of a line, two at least.
-std::vector<std::string> cells_of(const std::string& line, char delimiter) {
+/// The first two cells of a line; a cell that is missing is empty.
+std::array<std::string_view, 2> cells_of(std::string_view line, char delimiter) {
     const char found = delimiter_of(line, delimiter);
-    std::vector<std::string> cells = text::split(line, found);
-    // Columns set apart by blanks may have any number of them.
-    if (found == ' ') std::erase(cells, "");
-    cells.resize(std::max<std::size_t>(cells.size(), 2));
+    text::CellCursor rest(line, found);
+    std::array<std::string_view, 2> cells;
+    std::size_t taken = 0;
+    while (taken < cells.size()) {
+        const auto cell = rest.next();
+        if (!cell) break;
+        // Columns set apart by blanks may have any number of them.
+        if (found == ' ' && cell->empty()) continue;
+        cells[taken++] = *cell;
+    }
     return cells;
 }
 
@@ -38,12 +45,17 @@ std::string number(float value) {
 }  // namespace
 
 XyFile read_xy_text(const std::string& ansi_text, char delimiter) {
-    const std::vector<std::string> lines = text::lines(text::from_ansi(ansi_text));
-    if (lines.empty()) return {};
+    text::LineCursor lines(ansi_text);
+    const auto comment = lines.next();
+    if (!comment) return {};
     ReadPoints<FitPoint> read;
-    for (auto line = lines.begin() + 1; line != lines.end(); ++line)
-        if (!text::trim(*line).empty()) add_xy(read, cells_of(*line, delimiter));
-    return {.data = {lines.front(), std::move(read.points)}, .wrong = std::move(read.wrong)};
+    while (const auto line = lines.next())
+        if (!text::without_end_blanks(*line).empty()) {
+            const auto [x, y] = cells_of(*line, delimiter);
+            add_xy(read, x, y);
+        }
+    return {.data = {text::from_ansi(*comment), std::move(read.points)},
+            .wrong = std::move(read.wrong)};
 }
 
 std::string xy_text(const std::string& comment, std::span<const FitPoint> points, char delimiter) {

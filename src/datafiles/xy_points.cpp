@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "common/numbers.h"
-#include "common/text.h"
+#include "common/text_parts.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/table_text.h"
 
@@ -105,18 +105,20 @@ void insert_xy(std::vector<FitPoint>& points, int position, std::span<const FitP
     points.insert(points.begin() + at, more.begin(), more.end());
 }
 
-void add_xy(ReadPoints<FitPoint>& read, std::span<const std::string> cells) {
-    const auto value = [&](std::size_t i) {
-        return i < cells.size() ? single(numbers::typed_number(cells[i])) : std::nullopt;
-    };
-    const std::optional<float> x = value(0), y = value(1);
-    const bool right = x && y;
-    read.add({x.value_or(0.0F), y.value_or(0.0F), right ? 0.0F : kInactiveMark}, right);
+void add_xy(ReadPoints<FitPoint>& read, std::string_view x, std::string_view y) {
+    const std::optional<float> at = single(numbers::typed_number(x));
+    const std::optional<float> value = single(numbers::typed_number(y));
+    const bool right = at && value;
+    read.add({at.value_or(0.0F), value.value_or(0.0F), right ? 0.0F : kInactiveMark}, right);
 }
 
 ReadPoints<FitPoint> xy_from_clipboard(std::string_view table) {
     ReadPoints<FitPoint> read;
-    for (const std::string& line : data_lines(table)) add_xy(read, text::split(line, '\t'));
+    for (const std::string_view line : data_lines(table)) {
+        text::CellCursor cells(line, '\t');
+        const std::string_view x = cells.next().value_or("");
+        add_xy(read, x, cells.next().value_or(""));
+    }
     return read;
 }
 

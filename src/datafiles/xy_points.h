@@ -35,8 +35,8 @@ void remove_xy(std::vector<FitPoint>& points, int first, int last);
 void toggle_xy(std::span<FitPoint> points, int first, int last);
 void insert_xy(std::vector<FitPoint>& points, int position, std::span<const FitPoint> more);
 
-/// Adds the point of a line's cells, x and y; point or comma as decimal mark.
-void add_xy(ReadPoints<FitPoint>& read, std::span<const std::string> cells);
+/// Adds the point of a line's first two cells; point or comma as decimal mark.
+void add_xy(ReadPoints<FitPoint>& read, std::string_view x, std::string_view y);
 /// Points from tab-separated lines; point or comma as decimal mark. Empty lines, and a first line
 /// of headings, are left out.
 ReadPoints<FitPoint> xy_from_clipboard(std::string_view table);

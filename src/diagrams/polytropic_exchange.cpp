@@ -12,6 +12,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "common/text_parts.h"
 #include "common/whole_file.h"
 #include "diagrams/caloric_functions.h"
 #include "models/model_codes.h"
@@ -27,6 +28,7 @@ constexpr double kMissing = 1e37;       // a value above it stands for none
 constexpr std::size_t kHeadValues = 2;  // before the count of points
 constexpr std::size_t kProcessValues = std::tuple_size_v<decltype(ProcessLine::polytropic_values)>;
 constexpr std::size_t kMostPoints = 32767;
+constexpr std::size_t kMostColumns = 100;  // of a point; the program gives a dozen
 
 /// The lines of the request, one value each.
 class Lines {
@@ -142,18 +144,19 @@ std::optional<double> point_value(std::string_view field, char separator) {
 }
 
 /// The numbers at the head of the answer, read as free fields over as many lines as they take.
-std::optional<std::vector<double>> take_free_fields(const std::vector<std::string>& lines,
-                                                    std::size_t& next, std::size_t wanted,
+std::optional<std::vector<double>> take_free_fields(text::LineCursor& lines, std::size_t wanted,
                                                     char separator) {
     std::vector<double> values;
     while (values.size() < wanted) {
-        if (next >= lines.size()) return std::nullopt;
-        std::string line = lines[next++];
+        const auto next = lines.next();
+        if (!next) return std::nullopt;
+        std::string line(*next);
         for (char& c : line)
             if (c == ',' || c == '\t' || c == ';') c = ' ';
-        for (const std::string& item : text::split(line, ' ')) {
-            if (item.empty()) continue;
-            const std::optional<double> value = number_of(item, separator);
+        text::CellCursor items(line, ' ');
+        while (const auto item = items.next()) {
+            if (item->empty()) continue;
+            const std::optional<double> value = number_of(*item, separator);
             if (!value || values.size() == wanted) return std::nullopt;
             values.push_back(*value);
         }
@@ -161,12 +164,13 @@ std::optional<std::vector<double>> take_free_fields(const std::vector<std::strin
     return values;
 }
 
-std::optional<PolytropicPoint> point_of(const std::string& line, char separator) {
+std::optional<PolytropicPoint> point_of(std::string_view line, char separator) {
     PolytropicPoint point;
     std::size_t column = 0;
-    for (const std::string& field : text::split(line, separator)) {
-        const std::optional<double> value = point_value(field, separator);
-        if (!value) return std::nullopt;
+    text::CellCursor fields(line, separator);
+    while (const auto field = fields.next()) {
+        const std::optional<double> value = point_value(*field, separator);
+        if (!value || column == kMostColumns) return std::nullopt;
         if (column == 0) point.T = *value;
         if (column == 1) point.p = *value;
         if (column > 1) point.columns.push_back(*value);
@@ -180,10 +184,8 @@ std::optional<PolytropicPoint> point_of(const std::string& line, char separator)
 
 std::optional<ProcessLine> take_polytropic_answer(std::string_view content, const ProcessLine& line,
                                                   char csv_separator) {
-    const std::vector<std::string> lines = text::lines(content);
-    std::size_t next = 0;
-    const auto head =
-        take_free_fields(lines, next, kHeadValues + 1 + kProcessValues, csv_separator);
+    text::LineCursor lines(content);
+    const auto head = take_free_fields(lines, kHeadValues + 1 + kProcessValues, csv_separator);
     if (!head) return std::nullopt;
     const double count = (*head)[kHeadValues];
     if (!(count >= 0 && count <= static_cast<double>(kMostPoints))) return std::nullopt;
@@ -191,9 +193,11 @@ std::optional<ProcessLine> take_polytropic_answer(std::string_view content, cons
     ProcessLine answered = line;
     std::vector<PolytropicPoint>& points = answered.polytropic_points;
     points.clear();
-    for (; next < lines.size() && points.size() < static_cast<std::size_t>(count); ++next) {
-        if (text::trim(lines[next]).empty()) continue;
-        std::optional<PolytropicPoint> point = point_of(lines[next], csv_separator);
+    while (points.size() < static_cast<std::size_t>(count)) {
+        const auto next = lines.next();
+        if (!next) break;
+        if (text::without_end_blanks(*next).empty()) continue;
+        std::optional<PolytropicPoint> point = point_of(*next, csv_separator);
         if (!point) return std::nullopt;
         points.push_back(std::move(*point));
     }

@@ -14,9 +14,6 @@ using constants::kPresent;
 
 namespace {
 
-/// Warnings begin beyond this many kelvins outside the range.
-constexpr int kSilentDeviation = 5;
-
 bool physical(double rho) {
     return std::isfinite(rho) && rho >= 0.0;
 }
