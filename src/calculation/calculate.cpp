@@ -4,6 +4,7 @@
 
 #include "calculation/work.h"
 #include "common/constants.h"
+#include "common/faults.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/reference_state.h"
@@ -81,12 +82,18 @@ bool is_of_the_equation(const Work& work) {
            work.models().vaporisation == models::VaporisationModel::cubicEos;
 }
 
+/// a, b, c and d, or the fault "Overflow".
+models::EosState finite(const models::EosState& s) {
+    for (const double x : {s.a, s.b, s.c, s.d}) faults::finite(x);
+    return s;
+}
+
 void add_equation(Work& work) {
     Answer& a = work.answer;
     const Task task = work.request.task;
     if (!(a.T > constants::kPresent)) return;
     if (is_cubic(work.models()) && is_of_the_equation(work))
-        a.parameters = models::eos_at(work.fluid(), a.T);
+        a.parameters = finite(models::eos_at(work.fluid(), a.T));
     if (work.models().vapour_only && task != Task::none && task != Task::virial &&
         task != Task::process && !is_database_function(task))
         a.B = active_virial(work);

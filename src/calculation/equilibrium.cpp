@@ -49,7 +49,7 @@ bool solve_by_equation(Work& work) {
 bool take_measured(Work& work) {
     Answer& a = work.answer;
     a.source = Source::dataSet;
-    (given_T(work) ? a.p : a.T) = given_T(work) ? work.given.p : work.given.T;
+    (given_T(work) ? a.p : a.T) = faults::finite(given_T(work) ? work.given.p : work.given.T);
     return (given_T(work) ? a.p : a.T) >= kPresent || fail(work, Reason::noStandIn);
 }
 

@@ -14,6 +14,7 @@ namespace {
 /// The density of a liquid stands in its own column.
 bool fetch_liquid_density(Work& work) {
     if (!(work.given.rhoL >= kPresent)) return fail(work, Reason::noLiquidDensity);
+    faults::finite(static_cast<double>(work.given.rhoL));
     work.given.rhoV = work.given.rhoL;
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "calculation/work.h"
 #include "common/constants.h"
+#include "common/faults.h"
 #include "models/cubic_eos.h"
 
 /// The state at T and p, or at p and a density, and the states of a process.
@@ -79,6 +80,8 @@ void caloric_functions(Work& work) {
 }
 
 void polytropic_process(Work& work) {
+    faults::finite(work.request.process.exponent);
+    faults::finite(work.request.process.kappa);
     work.given.T = work.request.process.T1;
     work.given.p = work.request.process.p1;
     if (!fetch_t(work) || !fetch_p(work)) return;

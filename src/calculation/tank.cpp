@@ -1,5 +1,7 @@
 #include "calculation/tank.h"
 
+#include <cmath>
+
 #include "calculation/work.h"
 #include "common/constants.h"
 #include "common/faults.h"
@@ -49,7 +51,8 @@ bool fetch_tank(Work& work) {
     const auto V = static_cast<double>(tank.V);
     const auto m = static_cast<double>(tank.m);
     const auto T = static_cast<double>(tank.T);
-    if (!(V * m * T > kPresent)) return fail(work, Reason::noTank);
+    const double product = V * m * T;
+    if (!(product > kPresent) || !std::isfinite(product)) return fail(work, Reason::noTank);
     const models::SubstanceRecord& s = work.substance();
     if (work.request.task == Task::partialTank && T >= s.Tcrit)
         return fail(work, Reason::tankAboveCritical);

@@ -27,7 +27,7 @@ double virial_of(const models::Fluid& fluid, Eos eos, double T) {
     const auto other = fluid.with(eos);
     if (!other) throw faults::Fault(other.reason());
     models::EosState state;
-    return models::second_virial(*other, T, state);
+    return faults::finite(models::second_virial(*other, T, state));
 }
 
 }  // namespace

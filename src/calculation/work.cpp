@@ -42,7 +42,9 @@ bool fetch_p(Work& work) {
 }
 
 bool fetch_rho(Work& work) {
-    return work.rho() >= kPresent || fail(work, Reason::noRho);
+    if (!(work.rho() >= kPresent)) return fail(work, Reason::noRho);
+    faults::finite(work.rho());
+    return true;
 }
 
 void note_range(Work& work, Note::Kind kind, int deviation) {
@@ -138,7 +140,7 @@ FunctionPair functions_of(const Work& work, const Phases& phases) {
 
 double active_virial(const Work& work) {
     models::EosState state;
-    return models::second_virial(work.fluid(), work.answer.T, state);
+    return faults::finite(models::second_virial(work.fluid(), work.answer.T, state));
 }
 
 }  // namespace quor::calculation

@@ -1,6 +1,17 @@
 #include "common/dialogs.h"
 
+#include <thread>
+
 namespace quor::dialogs {
+
+namespace {
+
+bool pass_a_moment() {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    return true;
+}
+
+}  // namespace
 
 Functions silent() {
     return {
@@ -11,6 +22,7 @@ Functions silent() {
         .set_clipboard = [](const std::string&) {},
         .clipboard = [] { return std::string(); },
         .pointer = [](bool) {},
+        .patience = [](const std::string&, std::chrono::milliseconds) { return pass_a_moment; },
         .beep = [] {},
     };
 }
@@ -57,6 +69,9 @@ std::string clipboard() {
 }
 void beep() {
     current().beep();
+}
+std::function<bool()> patience(const std::string& program, std::chrono::milliseconds limit) {
+    return current().patience(program, limit);
 }
 
 }  // namespace quor::dialogs

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -53,6 +54,11 @@ struct Functions {
     std::function<void(const std::string&)> set_clipboard;
     std::function<std::string()> clipboard;
     std::function<void(bool busy)> pointer;  ///< true shows the busy pointer
+    /// Begins the wait for a program: what it gives is called again and again, lets a little time
+    /// pass, and is false when the user gives the wait up.
+    std::function<std::function<bool()>(const std::string& program,
+                                        std::chrono::milliseconds limit)>
+        patience;
     std::function<void()> beep;
 };
 
@@ -80,6 +86,8 @@ bool print_out(const PrintJob& job);
 void set_clipboard(const std::string& text);
 std::string clipboard();
 void beep();
+/// The wait for a program that works for this one; see `Functions::patience`.
+std::function<bool()> patience(const std::string& program, std::chrono::milliseconds limit);
 
 /// Shows the busy pointer while it lives.
 class BusyPointer {

@@ -20,8 +20,9 @@ inline constexpr std::size_t kLargestTextFile = std::size_t{64} << 20;
 Result<std::string> read_whole(const std::filesystem::path& path,
                                std::size_t largest = kLargestTextFile);
 
-/// Writes a file as a whole or not at all: beside it first, then renamed into its place, so that
-/// a crash or a full disk leaves the old content. The reason of a failure names the file.
+/// Writes a file as a whole or not at all: beside it first, under a name that no other writer has
+/// and no link can lead elsewhere, then, when the disk holds it, renamed into its place. A crash or a
+/// full disk leaves the old content. The reason of a failure names the file.
 Result<void> write_whole(const std::filesystem::path& path, std::string_view bytes);
 
 /// When a file was written last; nothing where there is none.
@@ -32,8 +33,8 @@ struct NewFile {
     bool exists = false;   ///< a file of that name is there already; nothing was written
     Result<void> written;  ///< as of `write_whole`
 };
-/// Writes a file only where there is none: its name is taken exclusively, so that of two programs
-/// only one gets it.
+/// Writes a file as a whole where there is none: its name is taken exclusively, so that of two
+/// programs only one gets it.
 NewFile write_new(const std::filesystem::path& path, std::string_view bytes);
 
 /// Lines joined with CR LF, each one ended, in the ANSI code page.

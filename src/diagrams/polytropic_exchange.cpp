@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <limits>
 #include <optional>
-#include <thread>
 #include <vector>
 
 #include "common/dialogs.h"
@@ -17,7 +16,6 @@
 #include "common/whole_file.h"
 #include "diagrams/caloric_functions.h"
 #include "models/model_codes.h"
-#include "models/parameter_program.h"
 #include "models/state_solver.h"
 
 namespace quor::diagrams {
@@ -210,33 +208,13 @@ std::optional<ProcessLine> take_polytropic_answer(std::string_view content, cons
 }
 
 PolytropicRunner real_runner() {
-    return {
-        .start =
-            [](const std::string& program, const std::string& folder) {
-                return models::run_program(program, folder, std::chrono::milliseconds(0));
-            },
-        .pass =
-            [] {
-                std::this_thread::sleep_for(std::chrono::milliseconds(50));
-                return true;
-            },
-    };
+    return {.start = [](const std::string& program, const std::string& folder,
+                        std::optional<ChildProgram>& running) {
+        Result<ChildProgram> started = ChildProgram::start(program, {}, folder);
+        if (started) running.emplace(*std::move(started));
+        return running.has_value();
+    }};
 }
-
-namespace {
-
-/// Nothing when the mark has come.
-std::optional<PolytropicFailure> wait_for(const fs::path& mark, const PolytropicRunner& runner) {
-    const auto end = std::chrono::steady_clock::now() + runner.limit;
-    std::error_code ignored;
-    while (!fs::exists(mark, ignored)) {
-        if (std::chrono::steady_clock::now() >= end) return PolytropicFailure::timeOut;
-        if (runner.pass && !runner.pass()) return PolytropicFailure::givenUp;
-    }
-    return std::nullopt;
-}
-
-}  // namespace
 
 Result<ProcessLine, PolytropicFailure> run_polytrope(const Basis& basis, const PolytropicTask& task,
                                                      const PolytropicPlace& place,
@@ -246,21 +224,23 @@ Result<ProcessLine, PolytropicFailure> run_polytrope(const Basis& basis, const P
                       dialogs::kNotPossible);
         return PolytropicFailure::missingProgram;
     }
-    const fs::path answer = place.folder / "FROM_DAL.DAT", mark = place.folder / "WRITEEND.END";
+    const Result<RunFolder> folder = RunFolder::make(place.folder);
     const std::string request = text::to_ansi(polytropic_request_text(basis, task));
-    if (!files::write_whole(place.folder / "TO_DAL.DAT", request)) {
+    if (!folder || !files::write_whole(folder->path() / "TO_DAL.DAT", request)) {
         dialogs::tell("error to_DAL", dialogs::kNotPossible);
         return PolytropicFailure::notWritten;
     }
     const dialogs::BusyPointer busy;
-    std::error_code ignored;
-    fs::remove(answer, ignored);
-    fs::remove(mark, ignored);
-    const std::string program = fs::absolute(place.program).string();
-    if (!runner.start || !runner.start(program, place.folder.string()))
+    std::optional<ChildProgram> running;
+    if (!runner.start || !runner.start(place.program.string(), folder->path().string(), running))
         return PolytropicFailure::notStarted;
-    if (const auto failed = wait_for(mark, runner)) return *failed;
-    const Result<std::string> content = files::read_whole(answer);
+    const fs::path mark = folder->path() / "WRITEEND.END";
+    std::error_code ignored;
+    const WaitEnd end = wait_until([&] { return fs::exists(mark, ignored); }, runner.patience);
+    running.reset();
+    if (end == WaitEnd::timeOut) return PolytropicFailure::timeOut;
+    if (end == WaitEnd::givenUp) return PolytropicFailure::givenUp;
+    const Result<std::string> content = files::read_whole(folder->path() / "FROM_DAL.DAT");
     std::optional<ProcessLine> taken;
     if (content) taken = take_polytropic_answer(*content, task.line, task.csv_separator);
     if (!taken) return PolytropicFailure::unreadable;

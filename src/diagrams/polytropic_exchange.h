@@ -3,9 +3,11 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "common/child_program.h"
 #include "common/result.h"
 #include "diagrams/curve.h"
 
@@ -18,13 +20,14 @@ inline constexpr auto kPolytropicProgram = "POLYTROPEN_1.EXE";
 /// How the program is started and waited for. The desktop program gives a `pass` that keeps its
 /// window alive, tests a stand-in for the program.
 struct PolytropicRunner {
-    /// Starts a program in a folder and comes back at once; false when it cannot be started.
-    std::function<bool(const std::string& program, const std::string& folder)> start;
-    /// Called between two looks for the end mark; false gives the wait up.
-    std::function<bool()> pass;
-    std::chrono::milliseconds limit{50000};  ///< how long the answer may take
+    /// Starts a program in a folder and comes back at once; false when it cannot be started. A
+    /// program that is left in `running` is ended after the wait.
+    std::function<bool(const std::string& program, const std::string& folder,
+                       std::optional<ChildProgram>& running)>
+        start;
+    Patience patience{std::chrono::milliseconds(50000)};  ///< until the end mark is there
 };
-/// The runner that starts a real child process and sleeps a little between two looks.
+/// The runner that starts a real child process.
 PolytropicRunner real_runner();
 
 /// Why a run has given nothing.
@@ -40,7 +43,7 @@ enum class PolytropicFailure : std::int16_t {
 /// Where the program and its files lie.
 struct PolytropicPlace {
     std::filesystem::path program;  ///< empty: it was not found
-    std::filesystem::path folder;   ///< of the files of the exchange
+    std::filesystem::path folder;   ///< where each run gets a folder of its own for its files
 };
 
 /// What is asked: a process in a diagram.

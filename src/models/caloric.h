@@ -70,7 +70,8 @@ struct Exergies {
 
 struct StateValues {
     double h = 0, u = 0, s = 0, g = 0, a = 0, cp = 0, cv = 0, w = 0;
-    std::optional<Exergies> exergies;  ///< missing without surroundings
+    /// Missing without surroundings, and where they are too far away for a number.
+    std::optional<Exergies> exergies;
     PhaseTable table;
 };
 

@@ -1,20 +1,15 @@
 #include "models/parameter_program.h"
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <fstream>
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <optional>
 #include <sstream>
-#include <thread>
 #include <vector>
 
 #include "common/numbers.h"
 #include "common/text.h"
-
-extern char** environ;
+#include "common/whole_file.h"
 
 namespace quor::models {
 
@@ -76,7 +71,10 @@ std::vector<double> equation_values(const SubstanceRecord& substance, VapourPres
     return v;
 }
 
-std::string exchange_text(const SubstanceRecord& substance, VapourPressureEquation vp, Eos form) {
+}  // namespace
+
+std::string parameter_request_text(const SubstanceRecord& substance, VapourPressureEquation vp,
+                                   Eos form) {
     const EquationClass kind = equation_class(vp);
     std::vector<double> density;
     for (const float x : substance.rhoL_coefficients) density.push_back(static_cast<double>(x));
@@ -95,12 +93,14 @@ std::string exchange_text(const SubstanceRecord& substance, VapourPressureEquati
     return out.str();
 }
 
+namespace {
+
 /// Items of a free-format text: separated by blanks, commas and line ends; a quoted text is one.
-std::vector<std::string> free_items(const std::string& s) {
+std::vector<std::string> free_items(std::string_view answer) {
     std::vector<std::string> items;
     std::string item;
     bool quoted = false;
-    for (const char c : s + " ") {
+    for (const char c : std::string(answer) + " ") {
         if (c == '"' || c == '\'') {
             quoted = !quoted;
         } else if (!quoted && (c == ' ' || c == ',' || c == '\t' || c == '\r' || c == '\n')) {
@@ -114,73 +114,62 @@ std::vector<std::string> free_items(const std::string& s) {
     return items;
 }
 
-bool is_number(const std::string& s) {
-    return s.find_first_of("0123456789") != std::string::npos &&
-           s.find_first_not_of("0123456789+-.eEdD") == std::string::npos;
-}
-
-/// A text, a number that is ignored, then jtM, jtP, jtQ, jtZc and for form II jtK.
-std::optional<JiTorvikParameters> read_parameters(const std::string& s, Eos form) {
-    const std::vector<std::string> items = free_items(s);
-    const std::size_t needed = form == Eos::jiTorvik2 ? 7 : 6;
-    if (items.size() < needed) return std::nullopt;
-    for (std::size_t i = 1; i < needed; ++i)
-        if (!is_number(items[i])) return std::nullopt;
-    JiTorvikParameters jt;
-    jt.m = numbers::val(items[2]);
-    jt.p = numbers::val(items[3]);
-    jt.q = numbers::val(items[4]);
-    jt.zc = numbers::val(items[5]);
-    if (form == Eos::jiTorvik2) jt.k = numbers::val(items[6]);
-    if (!(jt.zc > 0.0) || !(jt.zc < 1.0)) return std::nullopt;
-    return jt;
+/// A finite number; its exponent may bear a "D".
+std::optional<double> parameter(std::string item) {
+    constexpr double kLargest = 1e30;
+    std::replace_if(
+        item.begin(), item.end(), [](char c) { return c == 'd' || c == 'D'; }, 'E');
+    const std::optional<double> value = numbers::number(item);
+    return value && std::fabs(*value) <= kLargest ? value : std::nullopt;
 }
 
 }  // namespace
 
-bool run_program(const std::string& program, const std::string& folder,
-                 std::chrono::milliseconds wait) {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    std::string name = program;
-    char* arguments[] = {name.data(), nullptr};
-    pid_t child = 0;
-    const int error = posix_spawn(&child, program.c_str(), &actions, nullptr, arguments, environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (error != 0) return false;
-    const auto end = std::chrono::steady_clock::now() + wait;
-    while (waitpid(child, nullptr, WNOHANG) == 0) {
-        if (std::chrono::steady_clock::now() >= end) {
-            // The program goes on by itself; its end is collected when it comes.
-            std::thread([child] { waitpid(child, nullptr, 0); }).detach();
-            return true;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+std::optional<JiTorvikParameters> parameters_of_answer(std::string_view answer, Eos form) {
+    const std::vector<std::string> items = free_items(answer);
+    const bool second_form = form == Eos::jiTorvik2;
+    const std::size_t needed = second_form ? 7 : 6;
+    if (items.size() < needed) return std::nullopt;
+    std::array<double, 6> values{};
+    for (std::size_t i = 1; i < needed; ++i) {
+        const std::optional<double> value = parameter(items[i]);
+        if (!value) return std::nullopt;
+        values[i - 1] = *value;
     }
-    return true;
+    JiTorvikParameters jt;
+    jt.m = values[1];
+    jt.p = values[2];
+    jt.q = values[3];
+    jt.zc = values[4];
+    jt.k = values[5];
+    if (!(jt.zc > 0.0) || !(jt.zc < 1.0)) return std::nullopt;
+    return jt;
 }
 
 Result<JiTorvikParameters> ask_parameter_program(const ParameterProgram& program,
                                                  const SubstanceRecord& substance,
                                                  VapourPressureEquation equation, Eos form) {
-    namespace fs = std::filesystem;
-    const fs::path answer =
-        program.folder / (form == Eos::jiTorvik1 ? "PARAM_JI.DAT" : "PARA_JI2.DAT");
+    constexpr std::size_t kLargestAnswer = 65536;
+    if (program.program.empty()) return Failure{kNoParameterFile};
+    const Result<RunFolder> folder = RunFolder::make(program.folder);
+    if (!folder) return folder.failure();
+    const std::filesystem::path answer =
+        folder->path() / (form == Eos::jiTorvik1 ? "PARAM_JI.DAT" : "PARA_JI2.DAT");
+    const Result<void> written = files::write_whole(
+        folder->path() / "jipar.tmp", parameter_request_text(substance, equation, form));
+    if (!written) return written.failure();
+
+    Result<ChildProgram> child = ChildProgram::start(program.program, {}, folder->path());
+    if (!child) return child.failure();
+    const WaitEnd end = wait_until([&] { return child->has_ended(); }, program.patience);
+    child->end();
+    if (end == WaitEnd::givenUp) return Failure{kParametersGivenUp};
     std::error_code ignored;
-    std::ofstream(program.folder / "jipar.tmp", std::ios::binary)
-        << exchange_text(substance, equation, form);
-    fs::remove(answer, ignored);
-    if (!program.program.empty())
-        run_program(fs::absolute(program.program).string(), program.folder.string(), program.wait);
-    if (!fs::exists(answer, ignored)) return Failure{"No parameter-file generated."};
-    std::ifstream in(answer, std::ios::binary);
-    std::string content(65536, '\0');
-    in.read(content.data(), static_cast<std::streamsize>(content.size()));
-    content.resize(static_cast<std::size_t>(in.gcount()));
-    const std::optional<JiTorvikParameters> parameters = read_parameters(content, form);
-    if (!parameters) return Failure{"The parameter-file cannot be read."};
+    if (!std::filesystem::exists(answer, ignored)) return Failure{kNoParameterFile};
+    const Result<std::string> content = files::read_whole(answer, kLargestAnswer);
+    std::optional<JiTorvikParameters> parameters;
+    if (content) parameters = parameters_of_answer(*content, form);
+    if (!parameters) return Failure{kUnreadableParameterFile};
     return *parameters;
 }
 

@@ -1,5 +1,6 @@
 #include "models/saturation.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -275,7 +276,16 @@ Searched search_temperature(const Fluid& f, double p, double Tstart) {
 }
 
 /// An equilibrium to the last digits, with the rounds of the search before it.
+/// Nothing for a search that ran into constants that are no numbers.
+std::optional<Saturation> if_finite(const Saturation& s) {
+    const bool finite =
+        std::isfinite(s.T) && std::isfinite(s.p) &&
+        std::all_of(s.v.begin(), s.v.end(), [](double v) { return std::isfinite(v); });
+    return finite ? std::optional(s) : std::nullopt;
+}
+
 std::optional<Saturation> of_search(std::optional<Saturation> exact, const Searched& search) {
+    if (exact) exact = if_finite(*exact);
     if (!exact) return exact;
     exact->rounds = search.at.rounds;
     exact->fallback = !search.found;
@@ -294,7 +304,7 @@ std::optional<Saturation> search_saturation_temperature(const Fluid& f, double p
 
 std::optional<Saturation> saturation_pressure(const Fluid& f, double T) {
     const Searched r = search_pressure(f, T);
-    if (T == f.substance().Tcrit) return r.at;
+    if (T == f.substance().Tcrit) return if_finite(r.at);
     if (has_no_equilibrium(f) || !(T > 0) || !(T < f.substance().Tcrit)) return std::nullopt;
     std::optional<Saturation> exact;
     if (r.found) exact = equilibrium_near_p(f, T, r.at.p);
@@ -305,7 +315,7 @@ std::optional<Saturation> saturation_pressure(const Fluid& f, double T) {
 std::optional<Saturation> saturation_temperature(const Fluid& f, double p, double Tstart) {
     const Searched r = search_temperature(f, p, Tstart);
     if (has_no_equilibrium(f) || !(p > 0) || p > f.substance().pcrit) return std::nullopt;
-    if (p == f.substance().pcrit) return r.at;
+    if (p == f.substance().pcrit) return if_finite(r.at);
     std::optional<Saturation> exact;
     if (r.found) exact = equilibrium_near_T(f, p, r.at.T);
     if (!exact) exact = maxwell_temperature(f, p);

@@ -76,8 +76,9 @@ std::optional<StateValues> state_functions(const Fluid& fluid, const ReferenceSt
 
     if (surroundings) {
         const double lost = reference.Tenv * (z.s - surroundings->s);
-        z.exergies = {(z.h - surroundings->h) - lost,
-                      (z.u - surroundings->u) - lost + reference.penv * (v - surroundings->v)};
+        const Exergies e{(z.h - surroundings->h) - lost,
+                         (z.u - surroundings->u) - lost + reference.penv * (v - surroundings->v)};
+        if (std::isfinite(e.H) && std::isfinite(e.U)) z.exergies = e;
     }
     return z;
 }

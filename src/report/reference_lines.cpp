@@ -1,5 +1,8 @@
 #include "report/reference_lines.h"
 
+#include <cmath>
+#include <limits>
+
 #include "common/numbers.h"
 #include "common/text.h"
 #include "models/model_tables.h"
@@ -11,9 +14,13 @@ namespace {
 constexpr std::int16_t kConventional = 2;
 constexpr std::int16_t kFormation = 10;
 
+/// A value that 32 bits do not hold stands as it is.
 std::string general(double value, Numbers how) {
+    const bool point = how == Numbers::Point;
+    if (!(std::fabs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
+        return point ? numbers::general_point(value) : numbers::general(value);
     const auto single = static_cast<float>(value);
-    return how == Numbers::Point ? numbers::general_point(single) : numbers::general(single);
+    return point ? numbers::general_point(single) : numbers::general(single);
 }
 
 std::string at(double T, double p, Numbers how) {

@@ -62,7 +62,9 @@ TankState tank_state_of(const TaskResult& result) {
                     .p = 0,
                     .level = 0,
                     .reason = a.reason};
-    if (!a.ok() || !a.tank) return state;
+    // Without a failure of its own: a number of the result that cannot be written.
+    if (a.ok() && (result.failed() || !a.tank)) state.reason = Reason::arithmetic;
+    if (state.reason != Reason::none) return state;
     state.p = static_cast<double>(static_cast<float>(a.p));
     state.level = static_cast<double>(static_cast<float>(a.tank->level()));
     return state;

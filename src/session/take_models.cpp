@@ -13,6 +13,7 @@ namespace {
 
 using models::Eos;
 
+constexpr auto kParameterProgram = "djipar.exe";
 constexpr std::chrono::milliseconds kParameterWait{100000};
 
 /// What a choice writes.
@@ -40,12 +41,19 @@ bool obtain_ji_torvik(Session& session, Eos eos) {
     session.change()->ji_torvik = {};
     const BusyPointer busy(session);
     const Places& places = session.places();
-    const bool present = places.file_exists("djipar.exe");
+    const bool present = places.file_exists(kParameterProgram);
     const auto answer = models::ask_parameter_program(
-        {present ? places.find_file("djipar.exe") : "", places.write_folder(), kParameterWait},
+        {present ? places.find_file(kParameterProgram) : "",
+         places.write_folder(),
+         {kParameterWait,
+          present ? dialogs::patience(kParameterProgram, kParameterWait) : nullptr}},
         session->substance, session->models.vapour_pressure, eos);
     if (!answer) {
-        if (answer.reason() == "No parameter-file generated.") dialogs::refuse(answer.reason());
+        // The caller says that there are no parameters; what went wrong before an answer could be
+        // read is told here.
+        if (answer.reason() != models::kUnreadableParameterFile &&
+            answer.reason() != models::kParametersGivenUp)
+            dialogs::refuse(answer.reason());
         return false;
     }
     session.change()->ji_torvik = *answer;

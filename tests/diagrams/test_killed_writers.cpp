@@ -130,12 +130,12 @@ TEST_F(KilledWriters, EveryFileHoldsItsOldOrItsNewContent) {
         const std::string older = content(file);
         ASSERT_FALSE(older.empty());
         ASSERT_NE(older, newer);
-        for (int round = 0; round < 25; ++round) {
+        for (int round = 0; round < 200; ++round) {
             const pid_t writer = fork();
             ASSERT_GE(writer, 0);
             if (writer == 0)
                 for (bool second = true;; second = !second) kind.write(file, second);
-            usleep(static_cast<useconds_t>(300 + 157 * round));
+            usleep(static_cast<useconds_t>(300 + 23 * round));
             kill(writer, SIGKILL);
             waitpid(writer, nullptr, 0);
             const std::string found = content(file);

@@ -31,8 +31,8 @@ class PolytropicExchange : public ActiveFluid {
         diagram = &diagrams::diagram_of(107);
         process.polytropic_exponent = 1.3;
         process.kappa = 1.13;
-        runner.limit = std::chrono::milliseconds(200);
-        runner.pass = [this] {
+        runner.patience.limit = std::chrono::milliseconds(200);
+        runner.patience.pass = [this] {
             ++passes;
             return true;
         };
@@ -41,7 +41,7 @@ class PolytropicExchange : public ActiveFluid {
     void bring_program() { std::ofstream(folder() / diagrams::kPolytropicProgram) << "a program"; }
     /// A stand-in that answers at once.
     void answer_with(const std::string& text) {
-        runner.start = [this, text](const std::string& program, const std::string& where) {
+        runner.start = [this, text](const std::string& program, const std::string& where, auto&) {
             started = program;
             std::ofstream(fs::path(where) / "FROM_DAL.DAT", std::ios::binary) << text;
             std::ofstream(fs::path(where) / "WRITEEND.END");
@@ -110,8 +110,8 @@ TEST_F(PolytropicExchange, AMissingProgramIsToldAndNoFileIsTouched) {
 
 TEST_F(PolytropicExchange, NoAnswerWithinTheWaitIsATimeOut) {
     bring_program();
-    runner.limit = std::chrono::milliseconds(20);
-    runner.start = [](const std::string&, const std::string&) { return true; };
+    runner.patience.limit = std::chrono::milliseconds(20);
+    runner.start = [](const std::string&, const std::string&, auto&) { return true; };
     EXPECT_EQ(run(), PolytropicFailure::timeOut);
     EXPECT_GT(passes, 0);
     EXPECT_TRUE(process.polytropic_points.empty());
@@ -120,15 +120,15 @@ TEST_F(PolytropicExchange, NoAnswerWithinTheWaitIsATimeOut) {
 
 TEST_F(PolytropicExchange, TheWaitCanBeGivenUp) {
     bring_program();
-    runner.start = [](const std::string&, const std::string&) { return true; };
-    runner.pass = [this] { return ++passes < 3; };
+    runner.start = [](const std::string&, const std::string&, auto&) { return true; };
+    runner.patience.pass = [this] { return ++passes < 3; };
     EXPECT_EQ(run(), PolytropicFailure::givenUp);
     EXPECT_EQ(passes, 3);
 }
 
 TEST_F(PolytropicExchange, AProgramThatCannotBeStartedIsTold) {
     bring_program();
-    runner.start = [](const std::string&, const std::string&) { return false; };
+    runner.start = [](const std::string&, const std::string&, auto&) { return false; };
     EXPECT_EQ(run(), PolytropicFailure::notStarted);
 }
 
@@ -136,25 +136,28 @@ TEST_F(PolytropicExchange, ARealChildProcessAnswersThroughTheFiles) {
     const fs::path program = folder() / diagrams::kPolytropicProgram;
     std::ofstream(program) << "#!/bin/sh\n"
                               "test -f TO_DAL.DAT || exit 1\n"
-                              "cp prepared.txt FROM_DAL.DAT\n"
+                              "cp ../prepared.txt FROM_DAL.DAT\n"
                               ": > WRITEEND.END\n";
     std::ofstream(folder() / "prepared.txt", std::ios::binary) << answer({"300;500", "305;550"});
     fs::permissions(program, fs::perms::owner_all);
-    runner.pass = [] {
+    runner.patience.pass = [] {
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
         return true;
     };
-    runner.limit = std::chrono::seconds(20);
+    runner.patience.limit = std::chrono::seconds(20);
     EXPECT_EQ(run(), std::nullopt);
     EXPECT_EQ(process.polytropic_points.size(), 2U);
+    fs::remove(program);
+    fs::remove(folder() / "prepared.txt");
+    EXPECT_TRUE(fs::is_empty(folder())) << "the files of the run are gone";
 }
 
 TEST_F(PolytropicExchange, FilesOfAnEarlierRunDoNotCount) {
     bring_program();
     std::ofstream(folder() / "FROM_DAL.DAT") << answer({"1;2"});
     std::ofstream(folder() / "WRITEEND.END");
-    runner.limit = std::chrono::milliseconds(5);
-    runner.start = [](const std::string&, const std::string&) { return true; };
+    runner.patience.limit = std::chrono::milliseconds(5);
+    runner.start = [](const std::string&, const std::string&, auto&) { return true; };
     EXPECT_EQ(run(), PolytropicFailure::timeOut);
 }
 

@@ -86,7 +86,7 @@ class ProcessInput : public GraphTest {
     void bringProgram() { std::ofstream(folder() / diagrams::kPolytropicProgram) << "a program"; }
     /// A stand-in that writes its answer and its end mark.
     void answerWith(const std::string& text) {
-        program.start = [text](const std::string&, const std::string& where) {
+        program.start = [text](const std::string&, const std::string& where, auto&) {
             std::ofstream(where + "/FROM_DAL.DAT", std::ios::binary) << text;
             std::ofstream(where + "/WRITEEND.END");
             return true;
@@ -396,7 +396,7 @@ TEST_F(ProcessInput, TheAnswerOfTheProgramIsDrawn) {
 TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
     openIsotherm();
     bringProgram();
-    program.start = [](const std::string&, const std::string&) { return true; };
+    program.start = [](const std::string&, const std::string&, auto&) { return true; };
     bool seen = false;
     when(kView, [&] {
         standIn();
@@ -405,7 +405,7 @@ TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
         drive::get<QComboBox>("cmbKappa")->setEditText("1.13");
         type("txtExponent", "1.3");
         QTimer::singleShot(100, [&] {
-            auto* box = drive::get<QProgressDialog>("polytropicWait");
+            auto* box = drive::get<QProgressDialog>("programWait");
             seen = box->isVisible();
             EXPECT_EQ(box->labelText(), "Waiting for POLYTROPEN_1.EXE, at most 50 s ...");
             box->cancel();
@@ -423,8 +423,8 @@ TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
 TEST_F(ProcessInput, NoAnswerInTimeAndAGarbledOneAreTold) {
     openIsotherm();
     bringProgram();
-    program.limit = std::chrono::milliseconds(30);
-    program.start = [](const std::string&, const std::string&) { return true; };
+    program.patience.limit = std::chrono::milliseconds(30);
+    program.start = [](const std::string&, const std::string&, auto&) { return true; };
     const auto fails = [this] {
         when(kView, [this] {
             standIn();

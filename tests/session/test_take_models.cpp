@@ -159,6 +159,18 @@ TEST_F(TakeModels, AGarbledAnswerOfTheParameterProgramIsTold) {
         << "the busy pointer shows while it waits";
 }
 
+TEST_F(TakeModels, TheParameterProgramIsGivenUpWithoutAChange) {
+    const std::filesystem::path program = folder() / "djipar.exe";
+    std::ofstream(program) << "#!/bin/sh\nsleep 60\n";
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    user.patience = 3;
+    EXPECT_FALSE(session::compute_constants(session, Eos::jiTorvik1));
+    EXPECT_EQ(user.waits, (std::vector<std::string>{"djipar.exe"}));
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "Error during EOS-parameter calculation");
+    EXPECT_EQ(session->eos_parameters.vcrit_calculated, 0);
+}
+
 TEST_F(TakeModels, GivenParametersAreNotAskedFor) {
     {
         const auto now = session.change();

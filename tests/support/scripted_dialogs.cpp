@@ -1,5 +1,7 @@
 #include "support/scripted_dialogs.h"
 
+#include <thread>
+
 using namespace quor;
 
 namespace {
@@ -37,6 +39,13 @@ ScriptedDialogs::ScriptedDialogs() : saved_(dialogs::current()) {
     f.set_clipboard = [this](const std::string& s) { clipboard = s; };
     f.clipboard = [this] { return clipboard; };
     f.pointer = [this](bool busy) { pointer.push_back(busy); };
+    f.patience = [this](const std::string& program, std::chrono::milliseconds) {
+        waits.push_back(program);
+        return [this] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            return patience-- != 0;
+        };
+    };
     f.beep = [this] { ++beeps; };
     dialogs::current() = f;
 }

@@ -26,7 +26,9 @@ class ScriptedDialogs {
     bool cancelsPrinting = false;
     std::string clipboard;
     int beeps = 0;
-    std::vector<bool> pointer;  ///< every change of the busy pointer
+    std::vector<bool> pointer;       ///< every change of the busy pointer
+    std::vector<std::string> waits;  ///< programs that were waited for
+    int patience = -1;               ///< looks until a wait is given up; negative: never
 
     std::deque<dialogs::Answer> answers;  ///< for the next messages
     /// Answers by the text of a message, for what a test is not about: such a message is not

@@ -3,12 +3,9 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QGroupBox>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QThread>
 #include <QVBoxLayout>
 #include <cmath>
 #include <limits>
@@ -17,6 +14,7 @@
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/patient_wait.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 
@@ -35,33 +33,6 @@ constexpr int kIdealGas = 1;                         // `optIdealEOS`
 double numberIn(const NumberEdit* edit) {
     return edit->holdsNumber() ? edit->value() : kNoNumber;
 }
-
-/// Keeps the window alive while another program works, and lets the user give the wait up.
-class PatientWait {
-  public:
-    PatientWait(std::chrono::milliseconds limit, QWidget* parent)
-        : box_(QString("Waiting for %1, at most %2 s ...")
-                   .arg(diagrams::kPolytropicProgram)
-                   .arg(limit.count() / 1000),
-               "Give up", 0, 0, parent) {
-        box_.setObjectName("polytropicWait");
-        box_.setWindowTitle("Polytropic process");
-        box_.setWindowModality(Qt::WindowModal);
-        box_.setMinimumDuration(0);
-        box_.show();
-    }
-
-    /// Waits a little; false when the user has given up.
-    bool pass() const {
-        QCoreApplication::processEvents();
-        QThread::msleep(kPause);
-        return !box_.wasCanceled();
-    }
-
-  private:
-    static constexpr unsigned long kPause = 20;  // ms
-    QProgressDialog box_;
-};
 
 }  // namespace
 
@@ -316,9 +287,9 @@ void ProcessLineDialog::tellStart() {
 }
 
 Result<diagrams::ProcessLine, diagrams::PolytropicFailure> ProcessLineDialog::askProgram() {
-    const PatientWait wait(runner_.limit, this);
+    const PatientWait wait(diagrams::kPolytropicProgram, runner_.patience.limit, this);
     diagrams::PolytropicRunner runner = runner_;
-    runner.pass = [&wait] { return wait.pass(); };
+    runner.patience.pass = [&wait] { return wait.pass(); };
     const Places& places = task_.places;
     const std::string name = diagrams::kPolytropicProgram;
     return diagrams::run_polytrope(

@@ -11,6 +11,7 @@
 #include <QSvgRenderer>
 
 #include "common/text.h"
+#include "gui/widgets/patient_wait.h"
 #include "gui/widgets/print_page.h"
 #include "gui/widgets/qt_text.h"
 
@@ -212,6 +213,12 @@ Functions desktop() {
         .set_clipboard = [](const std::string& s) { QApplication::clipboard()->setText(qt(s)); },
         .clipboard = [] { return QApplication::clipboard()->text().toStdString(); },
         .pointer = pointer,
+        .patience =
+            [](const std::string& program, std::chrono::milliseconds limit) {
+                const auto wait =
+                    std::make_shared<gui::PatientWait>(qt(program), limit, frontWindow());
+                return [wait] { return wait->pass(); };
+            },
         .beep = [] { QApplication::beep(); },
     };
 }

@@ -2,7 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <limits>
 
+#include "common/numbers.h"
 #include "tools/quorcalc/commands.h"
 #include "tools/quorcalc/options.h"
 
@@ -13,27 +15,33 @@ namespace {
 template <class Field>
 using ValueOf = std::remove_cvref_t<decltype(std::declval<Arguments&>().*std::declval<Field>())>;
 
-CLI::Validator one_of(const Option& option) {
-    if (!std::holds_alternative<std::optional<int> Arguments::*>(option.field))
-        return CLI::IsMember(
-            std::vector<std::string>(option.allowed.begin(), option.allowed.end()));
-    std::vector<int> numbers;
-    for (const std::string_view text : option.allowed)
-        numbers.push_back(std::stoi(std::string(text)));
-    return CLI::IsMember(numbers);
+/// Reads a number itself: the library reads them as the locale has it, and takes "nan", "inf" and
+/// an empty text for numbers.
+void take(const std::string& flag, const std::string& text, std::optional<double>& number) {
+    number = numbers::number(text);
+    if (!number) throw CLI::ValidationError(flag, "not a number: " + text);
 }
-
-/// The library takes an empty text for a number that was not given.
-std::string refuse_empty(const std::string& text) {
-    return text.empty() ? "a number is missing" : "";
+void take(const std::string& flag, const std::string& text, std::optional<int>& number) {
+    constexpr double kMost = std::numeric_limits<int>::max();
+    const std::optional<double> value = numbers::number(text);
+    if (!value || numbers::round_down(*value) != *value || *value < -kMost || *value > kMost)
+        throw CLI::ValidationError(flag, "not a whole number: " + text);
+    number = static_cast<int>(*value);
 }
 
 CLI::Option* add_option(CLI::App& app, const Option& option, Arguments& a) {
     const std::string flag = "--" + std::string(option.name);
     CLI::Option* added = std::visit(
         [&](const auto field) {
-            if constexpr (std::is_same_v<ValueOf<decltype(field)>, bool>) {
+            using Value = ValueOf<decltype(field)>;
+            if constexpr (std::is_same_v<Value, bool>) {
                 return app.add_flag(flag, a.*field, option.help);
+            } else if constexpr (std::is_same_v<Value, std::optional<double>> ||
+                                 std::is_same_v<Value, std::optional<int>>) {
+                const std::function<void(const std::string&)> read =
+                    [&a, flag, field](const std::string& text) { take(flag, text, a.*field); };
+                return app.add_option_function(flag, read, option.help)
+                    ->type_name(std::is_same_v<Value, std::optional<int>> ? "INT" : "FLOAT");
             } else {
                 return app.add_option(flag, a.*field, option.help);
             }
@@ -41,10 +49,9 @@ CLI::Option* add_option(CLI::App& app, const Option& option, Arguments& a) {
         option.field);
     if (std::holds_alternative<std::vector<std::string> Arguments::*>(option.field))
         added->take_all()->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    if (std::holds_alternative<std::optional<double> Arguments::*>(option.field) ||
-        std::holds_alternative<std::optional<int> Arguments::*>(option.field))
-        added->check(refuse_empty);
-    if (!option.allowed.empty()) added->check(one_of(option));
+    if (!option.allowed.empty())
+        added->check(
+            CLI::IsMember(std::vector<std::string>(option.allowed.begin(), option.allowed.end())));
     return added;
 }
 

@@ -58,6 +58,8 @@ void set_up(Call& call, const Arguments& arguments);
 /// that the result has already stay.
 void name_inputs(const session::Session& session, const Command& command, Json& result);
 
+/// A result on one line. Bytes that are no UTF-8, as a word of the call may have, are replaced.
+std::string json_text(const Json& value);
 /// A number, or null for what is not there (0) or not finite.
 Json present(double value);
 Json present(std::optional<double> value);

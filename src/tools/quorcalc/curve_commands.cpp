@@ -1,6 +1,9 @@
 #include <charconv>
+#include <cmath>
+#include <limits>
 
 #include "chart/chart2d.h"
+#include "common/numbers.h"
 #include "common/text.h"
 #include "session/diagram_choice.h"
 #include "tools/quorcalc/command_list.h"
@@ -12,11 +15,11 @@ namespace {
 std::vector<float> numbers_of(const std::string& list, const char* option) {
     std::vector<float> values;
     for (const std::string& part : text::split(list, ',')) {
-        float value = 0;
-        const auto result = std::from_chars(part.data(), part.data() + part.size(), value);
-        if (result.ec != std::errc() || result.ptr != part.data() + part.size())
-            throw WrongCall{std::string(option) + ": not a number: " + part};
-        values.push_back(value);
+        const std::optional<double> value = numbers::number(part);
+        if (!value) throw WrongCall{std::string(option) + ": not a number: " + part};
+        if (std::fabs(*value) > static_cast<double>(std::numeric_limits<float>::max()))
+            throw WrongCall{std::string(option) + ": out of range: " + part};
+        values.push_back(static_cast<float>(*value));
     }
     return values;
 }
@@ -39,9 +42,10 @@ void draw(const Call& call, const Arguments& a, const diagrams::Basis& basis,
 
 const diagrams::Diagram& diagram_of_type(const Arguments& a) {
     int code = 0;
-    const auto parsed = std::from_chars(a.type.data(), a.type.data() + a.type.size(), code);
-    const diagrams::Diagram* found =
-        parsed.ec == std::errc() ? diagrams::find_diagram(code) : nullptr;
+    const char* const end = a.type.data() + a.type.size();
+    const auto parsed = std::from_chars(a.type.data(), end, code);
+    const bool whole = parsed.ec == std::errc() && parsed.ptr == end;
+    const diagrams::Diagram* found = whole ? diagrams::find_diagram(code) : nullptr;
     if (found == nullptr) throw WrongCall{"--type: no such curve: " + a.type};
     return *found;
 }

@@ -1,5 +1,6 @@
 #include <charconv>
 #include <filesystem>
+#include <utility>
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
@@ -19,11 +20,9 @@ namespace {
 using estimation::FitState;
 
 double to_number(const std::string& s, const char* option) {
-    double value = 0;
-    const auto result = std::from_chars(s.data(), s.data() + s.size(), value);
-    if (result.ec != std::errc() || result.ptr != s.data() + s.size())
-        throw WrongCall{std::string(option) + ": not a number: " + s};
-    return value;
+    const std::optional<double> value = numbers::number(s);
+    if (!value) throw WrongCall{std::string(option) + ": not a number: " + s};
+    return *value;
 }
 
 void choose_start(const Arguments& a, FitState& state) {
@@ -57,7 +56,8 @@ FitState prepared_fit(Call& call, const Arguments& a) {
     FitState state;
     state.lg = a.lg;
     state.substance = call.session->substance;
-    if (!estimation::choose_model(state, static_cast<std::int16_t>(*a.model)))
+    if (!std::in_range<std::int16_t>(*a.model) ||
+        !estimation::choose_model(state, static_cast<std::int16_t>(*a.model)))
         throw WrongCall{"--model: no such model"};
     state.logarithmic = a.log;
     if (a.Tcr) estimation::change_Tcr(state, *a.Tcr);

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <limits>
 #include <utility>
 
 #include "common/dialogs.h"
@@ -38,12 +40,25 @@ Json failure(const std::string& message) {
     return {{"status", -1}, {"message", message}};
 }
 
-/// No temperature is negative.
-void refuse_negative_temperatures(const Arguments& a) {
+/// No temperature is negative; nor is it 0 for a command that cannot do without it.
+void refuse_impossible_temperatures(const Command& command, const Arguments& a) {
     const std::pair<const char*, const std::optional<double>&> temperatures[] = {
         {"--T", a.T}, {"--Tcr", a.Tcr}, {"--Tb", a.Tb}, {"--T0", a.T0}, {"--Tenv", a.Tenv}};
     for (const auto& [option, value] : temperatures)
         if (value && *value < 0) throw WrongCall{std::string(option) + " is negative"};
+    const bool needs_T = std::ranges::find(command.options, "T!") != command.options.end();
+    if (needs_T && a.T == 0.0) throw WrongCall{"--T has to be > 0"};
+}
+
+/// 32-bit values of the core take no larger numbers.
+void refuse_beyond_32_bits(const Arguments& a) {
+    const std::pair<const char*, const std::optional<double>&> singles[] = {
+        {"--T", a.T},   {"--v", a.v},   {"--rho", a.rho},       {"--V", a.V},    {"--m", a.m},
+        {"--T0", a.T0}, {"--p0", a.p0}, {"--watson", a.watson}, {"--Tcr", a.Tcr}};
+    constexpr double most = std::numeric_limits<float>::max();
+    for (const auto& [option, value] : singles)
+        if (value && std::fabs(*value) > most)
+            throw WrongCall{std::string(option) + " is out of range"};
 }
 
 /// A curve that is drawn in spite of its status has been calculated all the same.
@@ -56,14 +71,20 @@ bool is_good(const Json& result) {
 std::string plain_text(const Json& result) {
     std::string out;
     for (const auto& [key, value] : result.items()) {
-        if (key == "status" || key == "substance" || key == "messages" || value.is_object())
-            continue;
-        out += key + " = " + (value.is_string() ? value.get<std::string>() : value.dump()) + "\n";
+        constexpr std::string_view kInputs[] = {"status", "substance", "messages",
+                                                "model",  "units",     "reference"};
+        if (std::ranges::find(kInputs, key) != std::end(kInputs)) continue;
+        out +=
+            key + " = " + (value.is_string() ? value.get<std::string>() : json_text(value)) + "\n";
     }
     return out;
 }
 
 }  // namespace
+
+std::string json_text(const Json& value) {
+    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
 
 Json number(double value) {
     return std::isfinite(value) ? Json(value) : Json();
@@ -89,7 +110,8 @@ Program::Outcome Program::execute(const Arguments& a) {
     Json& result = outcome.result;
     try {
         if (command == nullptr) throw WrongCall{"no such command: " + a.command};
-        refuse_negative_temperatures(a);
+        refuse_impossible_temperatures(*command, a);
+        refuse_beyond_32_bits(a);
         result = command->run(call, a);
         if (session_->substance_set) name_inputs(session_, *command, result);
     } catch (const WrongCall& e) {
@@ -136,6 +158,10 @@ Json Program::call_of_line(const std::vector<std::string>& words) {
 int Program::run_file(const Arguments& a, std::istream& in, std::ostream& out, std::ostream& err) {
     std::ifstream file;
     if (a.file != "-") {
+        if (std::filesystem::is_directory(a.file)) {
+            err << "a folder, no file of calls: " << a.file << "\n";
+            return 1;
+        }
         file.open(a.file);
         if (!file) {
             err << "file not found: " << a.file << "\n";
@@ -150,14 +176,23 @@ int Program::run_file(const Arguments& a, std::istream& in, std::ostream& out, s
         if (words.empty() || words.front().starts_with('#')) continue;
         const Json result = call_of_line(words);
         if (!is_good(result)) worst = 1;
-        out << result.dump() << "\n";
+        out << json_text(result) << "\n";
+        // Nobody gets the rest either.
+        if (!out) break;
     }
-    out << std::flush;
     return worst;
 }
 
 int Program::main(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
                   std::ostream& err) {
+    const int status = answer(words, in, out, err);
+    if (out.flush()) return status;
+    err << "quorcalc: standard output cannot be written\n";
+    return std::max(status, 1);
+}
+
+int Program::answer(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
+                    std::ostream& err) {
     Arguments a;
     try {
         a = parser_.parse(words);
@@ -180,7 +215,7 @@ int Program::main(const std::vector<std::string>& words, std::istream& in, std::
     const bool stands = good || result.at("status") == kWorthless;
     const bool drawn = wants_picture(a) && !a.points_out;
     if (a.json) {
-        out << result.dump() << "\n";
+        out << json_text(result) << "\n";
     } else if (stands && !drawn && command != nullptr) {
         out << (command->text != nullptr ? command->text(result) : plain_text(result));
     }

@@ -19,7 +19,7 @@ class Program {
     Program& operator=(const Program&) = delete;
 
     /// The whole program: words behind the program's name, exit code back. Results go to `out`,
-    /// messages to `err`.
+    /// messages to `err`. Fails where the results cannot be written.
     int main(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
              std::ostream& err);
 
@@ -28,6 +28,9 @@ class Program {
         Json result;
         bool wrong_call = false;
     };
+    /// The exit code as far as it does not depend on `out`.
+    int answer(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
+               std::ostream& err);
     /// Runs one parsed call from a fresh session; never throws. A calculation that cannot be done
     /// has status -1.
     Outcome execute(const Arguments& arguments);

@@ -96,6 +96,8 @@ Json phase(const session::Session& session, double T, double p, double v) {
 
 Json functions(Call& call, const Arguments& a) {
     if (!a.row.empty() && a.row != "V" && a.row != "L") throw WrongCall{"--row is V or L"};
+    if (!(*a.p > 0)) throw WrongCall{"--p has to be > 0"};
+    if (a.v && !(*a.v > 0)) throw WrongCall{"--v has to be > 0"};
     set_up(call, a);
     Json result = {{"status", 0}, {"V", Json()}, {"L", Json()}};
     const auto take = [&](const char* row, double v) {

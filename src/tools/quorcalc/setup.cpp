@@ -1,5 +1,5 @@
-#include <charconv>
 #include <cmath>
+#include <limits>
 
 #include "common/numbers.h"
 #include "common/text.h"
@@ -18,14 +18,6 @@ namespace quor::quorcalc {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A whole text as a number; nothing when it is none.
-std::optional<double> number(const std::string& s) {
-    double value = 0;
-    const auto result = std::from_chars(s.data(), s.data() + s.size(), value);
-    if (result.ec != std::errc() || result.ptr != s.data() + s.size()) return std::nullopt;
-    return value;
-}
 
 /// The path of the database as it is named in messages.
 std::string database_path(const Call& call, const Arguments& a) {
@@ -101,7 +93,7 @@ std::vector<Override> overrides(const Arguments& a) {
 }
 
 double number_of(const Override& o) {
-    const auto value = number(o.value);
+    const auto value = numbers::number(o.value);
     if (!value) throw WrongCall{"not a number: " + o.field + "=" + o.value};
     return *value;
 }
@@ -227,8 +219,10 @@ void choose_reference(session::SessionState& state, const Arguments& a) {
     if (parts.size() != 4) throw WrongCall{"--benson needs T,p,rhoL,rhoV"};
     std::array<float, 4> values{};
     for (std::size_t i = 0; i < 4; ++i) {
-        const auto value = number(parts[i]);
+        const auto value = numbers::number(parts[i]);
         if (!value) throw WrongCall{"--benson: not a number: " + parts[i]};
+        if (std::fabs(*value) > static_cast<double>(std::numeric_limits<float>::max()))
+            throw WrongCall{"--benson: out of range: " + parts[i]};
         values[i] = static_cast<float>(*value);
     }
     state.calculation.method.reference = {values[0], values[1], values[2], values[3]};

@@ -93,12 +93,26 @@ Json eos(Call& call, const Arguments& a) {
             {"jtA0", jt.a0}};
 }
 
+/// A pressure that every solver needs.
+double positive_pressure(const Arguments& a) {
+    if (!(*a.p > 0)) throw WrongCall{"--p has to be > 0"};
+    return *a.p;
+}
+
+/// An equation for the V phase alone knows no equilibrium.
+void require_cubic(const Call& call) {
+    if (call.session->models.vapour_only) throw CannotBeDone{"possible only by using a  cubic EOS"};
+}
+
 Json pressure(Call& call, const Arguments& a) {
     set_up(call, a);
+    if (!(*a.v > 0)) throw WrongCall{"--v has to be > 0"};
     const models::Fluid fluid = call.session.fluid();
     models::EosState state = models::eos_at(fluid, *a.T);
     const auto p = models::pressure_from_Tv(fluid, *a.T, *a.v, state);
-    return {{"status", status_of(p)}, {"p", p ? number(*p) : Json()}};
+    Json result = {{"status", status_of(p)}, {"p", p ? number(*p) : Json()}};
+    if (!p && *a.v <= state.b) result["message"] = "v is not above the smallest volume at T";
+    return result;
 }
 
 Json volumes(const std::array<double, 3>& v, int count) {
@@ -109,8 +123,8 @@ Json volumes(const std::array<double, 3>& v, int count) {
 
 Json roots(Call& call, const Arguments& a) {
     set_up(call, a);
-    if (call.session->models.vapour_only) throw CannotBeDone{"possible only by using a  cubic EOS"};
-    if (!(*a.p > 0) || !(*a.T > 0)) throw CannotBeDone{"T and p have to be > 0"};
+    require_cubic(call);
+    positive_pressure(a);
     const models::EosState state = models::eos_at(call.session.fluid(), *a.T);
     const auto found = models::solve_cubic(state, *a.T, *a.p);
     const models::CubicRoots r = found.value_or(models::CubicRoots{});
@@ -119,7 +133,7 @@ Json roots(Call& call, const Arguments& a) {
 
 Json state(Call& call, const Arguments& a) {
     set_up(call, a);
-    const auto found = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
+    const auto found = models::solve_state_tp(call.session.fluid(), *a.T, positive_pressure(a));
     const models::StateTP none =
         found ? models::StateTP{}
               : models::StateTP{.region = found.failure().region, .text = found.failure().text};
@@ -142,7 +156,9 @@ Json state(Call& call, const Arguments& a) {
 
 Json temperature(Call& call, const Arguments& a) {
     set_up(call, a);
-    const auto T = models::temperature_from_p_rho(call.session.fluid(), *a.p, *a.rho, false);
+    if (!(*a.rho > 0)) throw WrongCall{"--rho has to be > 0"};
+    const auto T =
+        models::temperature_from_p_rho(call.session.fluid(), positive_pressure(a), *a.rho, false);
     return {{"status", status_of(T)}, {"T", present(T)}};
 }
 
@@ -157,18 +173,24 @@ Json saturation(const std::optional<models::Saturation>& found, const char* key,
 
 Json psat(Call& call, const Arguments& a) {
     set_up(call, a);
+    require_cubic(call);
     return saturation(models::saturation_pressure(call.session.fluid(), *a.T), "p",
                       &models::Saturation::p);
 }
 
 Json tsat(Call& call, const Arguments& a) {
     set_up(call, a);
-    return saturation(models::saturation_temperature(call.session.fluid(), *a.p), "T",
-                      &models::Saturation::T);
+    require_cubic(call);
+    return saturation(models::saturation_temperature(call.session.fluid(), positive_pressure(a)),
+                      "T", &models::Saturation::T);
 }
 
 models::VapourPressureEquation equation_of(const Call& call, const Arguments& a) {
-    return a.code.empty() ? call.session->models.vapour_pressure : models::vp_of_code(a.code);
+    if (a.code.empty()) return call.session->models.vapour_pressure;
+    const models::VapourPressureEquation equation = models::vp_of_code(a.code);
+    if (equation == models::VapourPressureEquation::none && a.code != "000")
+        throw WrongCall{"--code: no such equation: " + a.code};
+    return equation;
 }
 
 Json vp(Call& call, const Arguments& a) {
@@ -181,7 +203,8 @@ Json vp(Call& call, const Arguments& a) {
 
 Json tboil(Call& call, const Arguments& a) {
     set_up(call, a);
-    const auto r = models::boiling_temperature(call.session->substance, *a.p, equation_of(call, a));
+    const auto r = models::boiling_temperature(call.session->substance, positive_pressure(a),
+                                               equation_of(call, a));
     return {{"status", status_of(r)},
             {"T", r ? present(r->T) : Json()},
             {"deviation", r ? r->deviation : 0}};
