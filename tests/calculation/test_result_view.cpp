@@ -5,6 +5,7 @@
 #include "common/text.h"
 #include "report/titles.h"
 #include "session_calc_test.h"
+#include "support/machine_faults.h"
 
 using namespace quor;
 
