@@ -13,6 +13,10 @@ namespace {
 
 constexpr std::string_view kEnd = "END";
 
+/// More than the synonyms of the largest database. A file of many short blocks takes its size in
+/// memory many times over.
+constexpr std::size_t kLargestFile = std::size_t{8} << 20;
+
 using Replacement = std::pair<std::string_view, std::string_view>;
 
 /// Variants of spelling and the one that the synonym file uses, applied in this order.
@@ -109,7 +113,7 @@ Synonyms::Synonyms(std::string_view file) {
 }
 
 Result<Synonyms> Synonyms::read(const std::filesystem::path& file) {
-    const Result<std::string> bytes = files::read_whole(file);
+    const Result<std::string> bytes = files::read_whole(file, kLargestFile);
     if (!bytes) return bytes.failure();
     return Synonyms(text::from_oem(*bytes));
 }

@@ -131,6 +131,7 @@ std::optional<double> number_of(std::string_view field, char separator) {
     if (s.empty() || end != s.data() + s.size()) return std::nullopt;
     if (error == std::errc::result_out_of_range) return 2 * kMissing;
     if (error != std::errc()) return std::nullopt;
+    if (!std::isfinite(value)) return 2 * kMissing;  // "inf" and "nan"
     return value;
 }
 
