@@ -149,7 +149,7 @@ void add(Desk& desk, Commands& commands) {
     commands.add("mnuData_Status", [&session] { show(session::status_report(session)); });
     commands.add("mnuData_LoadLastSession", [&desk] { loadLastSession(desk); });
     commands.add("mnuData_LoadProject", [&desk] { chooseProject(desk); });
-    commands.add("mnuData_SaveProject", [&session] { session::save_project(session, true); });
+    commands.add("mnuData_SaveProject", [&session] { session::save_project(session); });
     commands.add("mnuData_ParameterEOS", [&session] { show(session::parameter_report(session)); });
     commands.add("mnuStoff", [&desk] { chooseSubstance(desk); });
     commands.add("mnuModel", [&desk] { chooseModels(desk); });

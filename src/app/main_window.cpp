@@ -106,7 +106,19 @@ void MainWindow::startUp() {
     session::reset_everything(session_);
     panels_[3]->setText(qt(session_.places().short_date()));
     TipDialog::showAtStartup(desk_);
+    tellWhereNothingIsKept();
     refresh();
+}
+
+void MainWindow::tellWhereNothingIsKept() {
+    const Places& places = session_.places();
+    const std::optional<std::string> fault = places.write_fault();
+    if (!fault) return;
+    dialogs::tell("No files can be written to the folder " + places.write_folder().string() + " (" +
+                      *fault +
+                      ").\n\nWhatever is saved can go to other places; the session itself is not "
+                      "kept for the next start.",
+                  "WARNING");
 }
 
 void MainWindow::inviteFirstUser() {
@@ -299,10 +311,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    if (!session::end_session(session_)) {
+        event->ignore();
+        return;
+    }
     for (QWidget* top : QApplication::topLevelWidgets())
         if (top != this && top->isVisible()) top->close();
     gui::settings::rememberPlace(this, objectName());
-    session::end_session(session_);
     event->accept();
 }
 

@@ -39,6 +39,10 @@ class MainWindow : public QMainWindow, private gui::Desk::Frame {
     /// Runs what a menu row stands for, as if it had been chosen; nothing when it is disabled.
     void runRow(const menu::Row& row);
 
+  private:
+    /// A folder that takes no files is told before something is lost in it.
+    void tellWhereNothingIsKept();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;

@@ -295,11 +295,6 @@ Result<void> load(const std::filesystem::path& file, Chart& chart) {
     return guarded([&] { read_text(files::read_whole(file), chart); }, file);
 }
 
-template <class Chart>
-Result<void> save(const Chart& chart, const std::filesystem::path& file) {
-    return quor::files::write_whole(file, text_of(chart));
-}
-
 }  // namespace
 
 std::string to_text(const Chart2D& chart) {
@@ -314,13 +309,6 @@ Result<void> from_text(std::string_view text, Chart2D& chart) {
 }
 Result<void> from_text(std::string_view text, Chart3D& chart) {
     return guarded([&] { read_text(text, chart); });
-}
-
-Result<void> save_chart(const Chart2D& chart, const std::filesystem::path& file) {
-    return save(chart, file);
-}
-Result<void> save_chart(const Chart3D& chart, const std::filesystem::path& file) {
-    return save(chart, file);
 }
 
 Result<void> load_chart(const std::filesystem::path& file, Chart2D& chart) {

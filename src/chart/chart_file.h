@@ -22,12 +22,8 @@ std::string to_text(const Chart3D& chart);
 Result<void> from_text(std::string_view text, Chart2D& chart);
 Result<void> from_text(std::string_view text, Chart3D& chart);
 
-/// Writes the chart to a file. The file appears whole or not at all: an older file of the name
-/// stays when the disk is full.
-Result<void> save_chart(const Chart2D& chart, const std::filesystem::path& file);
-Result<void> save_chart(const Chart3D& chart, const std::filesystem::path& file);
-
-/// Reads a file of `save_chart`, with the promises of `from_text`. Files above 32 MiB are refused.
+/// Reads a file with a text of `to_text`, with the promises of `from_text`. Files above 32 MiB are
+/// refused.
 Result<void> load_chart(const std::filesystem::path& file, Chart2D& chart);
 Result<void> load_chart(const std::filesystem::path& file, Chart3D& chart);
 

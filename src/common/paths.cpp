@@ -3,8 +3,9 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <cerrno>
 #include <ctime>
+#include <system_error>
 #include <utility>
 
 namespace quor {
@@ -59,19 +60,19 @@ std::string shorten_path(const std::string& path, int most) {
 
 namespace {
 
-std::string today() {
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    localtime_r(&now, &parts);
-    char buffer[16];
-    std::strftime(buffer, sizeof buffer, "%d.%m.%Y", &parts);
-    return buffer;
+/// A number of at least so many digits.
+std::string padded(int number, std::size_t digits) {
+    const std::string text = std::to_string(number);
+    return text.size() < digits ? std::string(digits - text.size(), '0') + text : text;
 }
 
-std::string two_digits(int n) {
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "%02d", n);
-    return buffer;
+/// A clock that is far off gives a date of the same form.
+std::string date_of(std::time_t now) {
+    constexpr int kFirstYear = 1900, kLastYear = 9999;
+    std::tm parts{};
+    if (localtime_r(&now, &parts) == nullptr) parts.tm_mday = 1;
+    const int year = std::clamp(parts.tm_year, 0, kLastYear - kFirstYear) + kFirstYear;
+    return padded(parts.tm_mday, 2) + "." + padded(parts.tm_mon + 1, 2) + "." + padded(year, 4);
 }
 
 }  // namespace
@@ -83,6 +84,11 @@ Places::Places(fs::path program, const fs::path& user, std::string date)
     write_ = own || user.empty() ? program_ : user;
     std::error_code ignored;
     fs::create_directories(write_, ignored);
+}
+
+std::optional<std::string> Places::write_fault() const {
+    if (access(write_.c_str(), W_OK | X_OK) == 0) return std::nullopt;
+    return std::generic_category().message(errno);
 }
 
 /// The data of an installed program, beside its folder.
@@ -109,7 +115,7 @@ bool Places::file_exists(const std::string& name) const {
 }
 
 std::string Places::short_date() const {
-    return date_.empty() ? today() : date_;
+    return date_.empty() ? date_of(std::time(nullptr)) : date_;
 }
 
 std::string Places::new_protocol_file_name() const {
@@ -117,7 +123,7 @@ std::string Places::new_protocol_file_name() const {
     const std::string day = date.substr(date.size() - 2) + date.substr(0, 2) + date.substr(3, 2);
     std::error_code ignored;
     for (int n = 1;; ++n) {
-        const std::string name = day + two_digits(n) + ".CSV";
+        const std::string name = day + padded(n, 2) + ".CSV";
         if (!fs::exists(write_ / name, ignored)) return name;
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -43,6 +44,9 @@ class Places {
     const std::filesystem::path& program_folder() const { return program_; }
     /// Where files are written: the program's folder, or the user's data folder.
     const std::filesystem::path& write_folder() const { return write_; }
+    /// Why no files can be written there, be it missing, protected or on a disk that takes none: a
+    /// reason in words. Nothing where they can.
+    std::optional<std::string> write_fault() const;
     /// Where the program's own data lie: the shared folder of an installed program, else the
     /// program's folder.
     std::filesystem::path data_folder() const;

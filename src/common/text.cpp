@@ -54,6 +54,23 @@ class Converter {
         return out;
     }
 
+    /// True when the conversion meets nothing that it cannot read.
+    bool takes(std::string_view s) const {
+        std::string in(s);
+        char* source = in.data();
+        std::size_t left = in.size();
+        std::array<char, 512> buffer{};
+        bool taken = usable();
+        while (taken && left > 0) {
+            char* target = buffer.data();
+            std::size_t space = buffer.size();
+            taken =
+                iconv(handle_, &source, &left, &target, &space) != static_cast<std::size_t>(-1) ||
+                errno == E2BIG;
+        }
+        return taken;
+    }
+
   private:
     bool usable() const { return handle_ != iconv_t(-1); }
     static bool continues_character(char c) {
@@ -202,6 +219,11 @@ std::string from_oem(std::string_view bytes) {
 std::string to_oem(std::string_view s) {
     thread_local const Converter convert("UTF-8", "CP850");
     return convert(s);
+}
+
+bool is_utf8(std::string_view bytes) {
+    thread_local const Converter convert("UTF-8", "UTF-32LE");
+    return convert.takes(bytes);
 }
 
 std::vector<std::string> lines(std::string_view s) {

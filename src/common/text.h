@@ -32,6 +32,9 @@ std::string to_ansi(std::string_view s);        ///< UTF-8 to code page 1252
 std::string from_oem(std::string_view bytes);   ///< code page 850 to UTF-8
 std::string to_oem(std::string_view s);         ///< UTF-8 to code page 850
 
+/// True for bytes that are whole characters of UTF-8.
+bool is_utf8(std::string_view bytes);
+
 /// Lines of a text with CR LF, LF or CR ends; a last line end gives no further line.
 std::vector<std::string> lines(std::string_view s);
 

@@ -203,6 +203,24 @@ std::optional<models::ManualVirial> read_virial(std::span<const std::string> lin
     return models::ManualVirial{*b0, *b1, *b2};
 }
 
+// A text that the code page lacks characters for stands once more behind the items, in UTF-8.
+constexpr std::string_view kDatabaseLabel = "database=", kCommentLabel = "comment=";
+
+bool fits_code_page(const std::string& s) {
+    return text::from_ansi(text::to_ansi(s)) == s;
+}
+
+std::string utf8_line(std::string_view label, const std::string& s) {
+    return fits_code_page(s) ? "" : std::string(label) + s + "\r\n";
+}
+
+/// The text of a labelled line; nothing without one, and for bytes that are no UTF-8.
+std::optional<std::string> utf8_text(std::span<const std::string> lines, std::string_view label) {
+    for (const std::string& line : lines)
+        if (line.starts_with(label) && text::is_utf8(line)) return line.substr(label.size());
+    return std::nullopt;
+}
+
 }  // namespace
 
 Result<ProjectContent> read_project(const std::string& ansi_text, const std::string& title) {
@@ -214,7 +232,14 @@ Result<ProjectContent> read_project(const std::string& ansi_text, const std::str
     if (!is_head(content)) return none;
     const auto rest = std::span(lines).subspan(kHeadLines);
     read_items(rest, content.settings);
-    if (rest.size() > kItems) content.manual_virial = read_virial(rest.subspan(kItems));
+    if (rest.size() > kItems) {
+        content.manual_virial = read_virial(rest.subspan(kItems));
+        const std::vector<std::string> raw = text::lines(ansi_text);
+        const auto additional = std::span(raw).subspan(kHeadLines + kItems);
+        content.database = utf8_text(additional, kDatabaseLabel).value_or(content.database);
+        content.comment = utf8_text(additional, kCommentLabel).value_or(content.comment);
+    }
+    if (!is_head(content)) return none;
     return content;
 }
 
@@ -227,6 +252,8 @@ std::string project_text(const ProjectContent& content) {
     if (const auto& virial = content.manual_virial)
         all += "b0=" + exact(virial->b0) + "\r\nb1=" + exact(virial->b1) +
                "\r\nb2=" + exact(virial->b2) + "\r\n";
+    all += utf8_line(kDatabaseLabel, content.database);
+    all += utf8_line(kCommentLabel, files::one_line(content.comment));
     return all;
 }
 

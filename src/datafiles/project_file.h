@@ -38,8 +38,8 @@ struct ProjectSettings {
 /// What a project file (.QCF) holds.
 struct ProjectContent {
     std::string date{};
-    std::string comment{};
-    std::string database{};  ///< title of its file
+    std::string comment{};   ///< any characters, one line
+    std::string database{};  ///< title of its file, any characters
     std::string casrn{};     ///< of the substance, 12 characters
     ProjectSettings settings{};
     /// Stands behind the items, where a reader that does not know it never looks.

@@ -8,6 +8,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/paths.h"
+#include "common/save_file.h"
 #include "common/text.h"
 #include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_places.h"
@@ -128,21 +129,18 @@ const models::SubstanceRecord* first_substance(const DiagramSheet& sheet) {
     return nullptr;
 }
 
-SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder,
-                    const std::string& proposed) {
-    const std::optional<std::string> name =
-        dialogs::choose_file({.save = true,
-                              .title = "Save this 2D-diagram design",
-                              .filter = kFilter,
-                              .folder = folder,
-                              .name = proposed,
-                              .default_extension = kExtension,
-                              .overwrite_prompt = true});
-    if (!name || name->empty()) return {false, folder};
-    const std::string path = paths::target_path(*name, folder, kExtension);
-    const Result<void> saved = chart::save_chart(sheet.chart, path);
-    if (!saved) dialogs::tell(saved.reason(), "ERROR", dialogs::Icon::Stop);
-    return {static_cast<bool>(saved), paths::folder_of(path)};
+std::optional<std::string> save_oc2(const DiagramSheet& sheet, const std::string& folder,
+                                    const std::string& proposed) {
+    return saving::save_where_chosen(
+        {.choice = {.save = true,
+                    .title = "Save this 2D-diagram design",
+                    .filter = kFilter,
+                    .folder = folder,
+                    .name = proposed,
+                    .default_extension = kExtension,
+                    .overwrite_prompt = true},
+         .content = [&sheet](const std::string&) { return chart::to_text(sheet.chart); },
+         .failure_title = "ERROR"});
 }
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_note) {

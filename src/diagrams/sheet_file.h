@@ -1,24 +1,21 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "diagrams/diagram_sheet.h"
 
 namespace quor::diagrams {
 
-/// What came of writing a file.
-struct SaveAnswer {
-    bool saved = false;
-    std::string folder;  ///< in which the next file is looked for
-};
 /// The name proposed for the file of a diagram: that of the file it came from, else of a substance
 /// and the axes, such as "Propane p-v.oc2".
 std::string proposed_file(const DiagramSheet& sheet, const std::string& substance);
 /// The substance of the first curve; nullptr when no curve has one.
 const models::SubstanceRecord* first_substance(const DiagramSheet& sheet);
-/// Asks for a name, beginning with one in a folder, and writes the diagram as .oc2.
-SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder,
-                    const std::string& proposed);
+/// Asks for a name, beginning with one in a folder, and writes the diagram as .oc2; the path of the
+/// file, if there is one now.
+std::optional<std::string> save_oc2(const DiagramSheet& sheet, const std::string& folder,
+                                    const std::string& proposed);
 
 enum class LoadOutcome {
     Loaded,

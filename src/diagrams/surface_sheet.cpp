@@ -7,6 +7,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/paths.h"
+#include "common/save_file.h"
 #include "common/text.h"
 
 namespace quor::diagrams {
@@ -165,21 +166,18 @@ std::string proposed_file(const SurfaceSheet& sheet, const std::string& substanc
            kExtension;
 }
 
-SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder,
-                           const std::string& proposed) {
-    const std::optional<std::string> name =
-        dialogs::choose_file({.save = true,
-                              .title = "Save this diagram design",
-                              .filter = kFilter,
-                              .folder = folder,
-                              .name = proposed,
-                              .default_extension = kExtension,
-                              .overwrite_prompt = true});
-    if (!name || name->empty()) return {std::nullopt, folder};
-    const std::string path = paths::target_path(*name, folder, kExtension);
-    const Result<void> saved = chart::save_chart(sheet.chart, path);
-    if (!saved) dialogs::tell(saved.reason(), "ERROR", dialogs::Icon::Stop);
-    return {saved ? std::optional(path) : std::nullopt, paths::folder_of(path)};
+std::optional<std::string> save_oc3(const SurfaceSheet& sheet, const std::string& folder,
+                                    const std::string& proposed) {
+    return saving::save_where_chosen(
+        {.choice = {.save = true,
+                    .title = "Save this diagram design",
+                    .filter = kFilter,
+                    .folder = folder,
+                    .name = proposed,
+                    .default_extension = kExtension,
+                    .overwrite_prompt = true},
+         .content = [&sheet](const std::string&) { return chart::to_text(sheet.chart); },
+         .failure_title = "ERROR"});
 }
 
 SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {

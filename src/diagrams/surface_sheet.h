@@ -46,17 +46,18 @@ void remove_critical_mark(SurfaceSheet& sheet);
 /// The remark of a chart without a surface; false when there is something to see.
 bool tell_empty_surface(const chart::Chart3D& chart);
 
-/// What came of a file.
+/// What came of reading a file.
 struct SurfaceFileAnswer {
-    std::optional<std::string> file;  ///< that was written, or read
+    std::optional<std::string> file;  ///< that was read
     std::string folder;               ///< in which the next file is looked for
 };
 /// The name proposed for the file of a surface: of a substance and the axes, such as "Propane
 /// h-p-T.oc3".
 std::string proposed_file(const SurfaceSheet& sheet, const std::string& substance);
-/// `mnuSaveOC3`: asks for a name, beginning with one in a folder, and writes the chart.
-SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder,
-                           const std::string& proposed);
+/// `mnuSaveOC3`: asks for a name, beginning with one in a folder, and writes the chart;
+/// the path of the file, if there is one now.
+std::optional<std::string> save_oc3(const SurfaceSheet& sheet, const std::string& folder,
+                                    const std::string& proposed);
 
 /// `mnuLoadOC3`: asks for a file, whose chart takes the place of the sheet's. Working limits, kind
 /// and fluid stay. Nothing changes after a cancel or with a file that cannot be read.

@@ -400,10 +400,8 @@ std::string printed_list(const Comparison& c, const std::string& title, bool ext
     return all;
 }
 
-Result<void> write_result_file(const std::filesystem::path& path, const Comparison& c,
-                               const std::string& title, bool extended) {
-    const ResultList list = make_result_list(c, title, extended, ListForm::File);
-    return files::write_whole(path, files::ansi_lines(list.lines));
+std::string result_file_text(const Comparison& c, const std::string& title, bool extended) {
+    return files::ansi_lines(make_result_list(c, title, extended, ListForm::File).lines);
 }
 
 std::string result_file_path(const std::string& name, const std::string& folder) {

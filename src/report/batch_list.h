@@ -65,9 +65,8 @@ ResultList make_result_list(const Comparison& comparison, const std::string& tit
                             ListForm form);
 /// The printed form as one text.
 std::string printed_list(const Comparison& comparison, const std::string& title, bool extended);
-/// Writes the list; the reason of a failure names the file.
-Result<void> write_result_file(const std::filesystem::path& path, const Comparison& comparison,
-                               const std::string& title, bool extended);
+/// The bytes of the list's file.
+std::string result_file_text(const Comparison& comparison, const std::string& title, bool extended);
 /// Where a list of that name goes: a name without "." gets ".LST", one without a folder goes to
 /// `folder`, and one that begins with "LPT" stands as it is.
 std::string result_file_path(const std::string& name, const std::string& folder);

@@ -159,8 +159,25 @@ Result<void> Protocol::take_name(const ProtocolPlace& place, const std::string& 
 
 Result<void> Protocol::write(const ProtocolPlace& place) {
     if (!pending) return {};
-    const std::string bytes = files::ansi_lines(protocol_lines(rows, place.date, place.separator));
-    return own_ ? files::write_whole(path(place), bytes) : take_name(place, bytes);
+    if (own_ && files::time_written(path(place)) != written_) {
+        own_ = false;
+        if (place.new_name && files::time_written(path(place))) file = place.new_name();
+    }
+    const std::string bytes = content(place);
+    const Result<void> written =
+        own_ ? files::write_whole(path(place), bytes) : take_name(place, bytes);
+    if (written) written_ = files::time_written(path(place));
+    return written;
+}
+
+std::string Protocol::content(const ProtocolPlace& place) const {
+    return files::ansi_lines(protocol_lines(rows, place.date, place.separator));
+}
+
+void Protocol::written_to(const std::string& path) {
+    file = path;
+    own_ = true;
+    written_ = files::time_written(path);
 }
 
 void Protocol::begin(const std::string& name) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,9 +37,14 @@ class Protocol {
     /// Adds a row. Fails for a value beyond 32 bits.
     Result<void> add(const Made& made, const ResultNumbers& values);
     /// Writes all rows when some are pending. The first time the file's name is taken exclusively:
-    /// where a file of that name exists, another program's, a new name is taken. The
-    /// reason of a failure names the file; no row is then lost.
+    /// where a file of that name exists, another program's, a new name is taken, and so it is when
+    /// another program has written to the file since. The reason of a failure names the file; no
+    /// row is then lost.
     Result<void> write(const ProtocolPlace& place);
+    /// What the file holds with all rows.
+    std::string content(const ProtocolPlace& place) const;
+    /// All rows were written to another file, which is the protocol's from now on.
+    void written_to(const std::string& path);
     /// Starts a new file without rows.
     void begin(const std::string& name);
 
@@ -49,7 +55,8 @@ class Protocol {
   private:
     Result<void> take_name(const ProtocolPlace& place, const std::string& bytes);
 
-    bool own_ = false;  ///< the file has been written here
+    bool own_ = false;                                          ///< the file has been written here
+    std::optional<std::filesystem::file_time_type> written_{};  ///< when that was
 };
 
 /// The file's lines.

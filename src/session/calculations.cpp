@@ -4,6 +4,7 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "common/save_file.h"
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "report/titles.h"
@@ -318,28 +319,33 @@ bool print_result(Session& session, const std::string& title, bool extended) {
          .text = report::printed_list(compare_all_sets(session), title, extended)});
 }
 
-bool result_file(Session& session, const std::string& name, const std::string& title,
-                 bool extended) {
-    const Result<void> written = report::write_result_file(
-        report::result_file_path(name, session.places().write_folder().string()),
-        compare_all_sets(session), title, extended);
-    if (!written) dialogs::tell(written.reason(), "WARNING");
-    return static_cast<bool>(written);
+bool save_result_list(Session& session, const std::string& title, bool extended) {
+    const std::string folder = session.places().write_folder().string();
+    return saving::save_where_chosen({.choice = {.save = true,
+                                                 .title = "Save QUOR result list as ...",
+                                                 .filter = "Result file (*.LST)|*.LST",
+                                                 .folder = folder,
+                                                 .default_extension = ".LST",
+                                                 .overwrite_prompt = true},
+                                      .content =
+                                          [&](const std::string&) {
+                                              return report::result_file_text(
+                                                  compare_all_sets(session), title, extended);
+                                          },
+                                      .failure_title = "WARNING",
+                                      .place =
+                                          [&](const std::string& name) {
+                                              return report::result_file_path(name, folder);
+                                          }})
+        .has_value();
 }
 
 bool finish_result_view(Session& session, const report::ResultView& view, report::ListTarget target,
                         bool with_extended, const CalculationViews& views) {
     if (target == report::ListTarget::Printer && !print_result(session, view.title, with_extended))
         return false;
-    if (target == report::ListTarget::File) {
-        const auto name = dialogs::choose_file({.save = true,
-                                                .title = "Save QUOR result list as ...",
-                                                .filter = "Result file (*.LST)|*.LST",
-                                                .folder = session.places().write_folder().string(),
-                                                .default_extension = ".LST",
-                                                .overwrite_prompt = true});
-        if (!name || !result_file(session, *name, view.title, with_extended)) return false;
-    }
+    if (target == report::ListTarget::File && !save_result_list(session, view.title, with_extended))
+        return false;
     views.close_result_view();
     views.close_direct_input();
     return true;
@@ -418,12 +424,39 @@ void add_to_protocol(Session& session) {
     if (!added) dialogs::tell(added.reason(), "WARNING");
 }
 
+namespace {
+
+/// Writes pending rows to their file, or where the user wants them.
+saving::Elsewhere write_pending(Session& session) {
+    using saving::Elsewhere;
+    if (!session->protocol.pending) return Elsewhere::saved;
+    const report::ProtocolPlace place = protocol_place(session);
+    const auto written = [&] {
+        const BusyPointer busy(session);
+        return session.change()->protocol.write(place);
+    }();
+    if (written) return Elsewhere::saved;
+    std::string path;
+    const Elsewhere outcome = saving::save_elsewhere(
+        written.reason(),
+        {.choice = {.save = true,
+                    .title = "Save the protocol as ...",
+                    .filter = "Protocol (*.CSV)|*.CSV",
+                    .folder = place.folder.string(),
+                    .name = session->protocol.file,
+                    .default_extension = ".CSV",
+                    .overwrite_prompt = true},
+         .content = [&](const std::string&) { return session->protocol.content(place); },
+         .failure_title = "WARNING"},
+        path);
+    if (outcome == Elsewhere::saved) session.change()->protocol.written_to(path);
+    return outcome;
+}
+
+}  // namespace
+
 bool write_protocol(Session& session) {
-    if (!session->protocol.pending) return true;
-    const BusyPointer busy(session);
-    const Result<void> written = session.change()->protocol.write(protocol_place(session));
-    if (!written) dialogs::tell(written.reason(), "WARNING");
-    return static_cast<bool>(written);
+    return write_pending(session) == saving::Elsewhere::saved;
 }
 
 bool open_new_protocol(Session& session) {
@@ -440,9 +473,12 @@ std::string protocol_file_title(const Session& session) {
     return paths::file_title(session->protocol.file);
 }
 
-void close_protocol(Session& session) {
-    if (write_protocol(session)) session.change()->protocol.pending = false;
+bool close_protocol(Session& session) {
+    const saving::Elsewhere outcome = write_pending(session);
+    if (outcome == saving::Elsewhere::cancelled) return false;
+    if (outcome == saving::Elsewhere::saved) session.change()->protocol.pending = false;
     delete_if_empty(session->protocol.path(protocol_place(session)));
+    return true;
 }
 
 void choose_separator(Session& session, int index) {

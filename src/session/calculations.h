@@ -92,11 +92,10 @@ void set_extended_pages(Session& session, report::ResultView& view, bool functio
 
 /// Calculates every active data set; a message that repeats is shown once.
 report::Comparison compare_all_sets(Session& session);
-/// Calculates, and prints the list or writes it to a file. False when the user cancelled, or, after
-/// a message, when the file could not be written.
+/// Calculates, and prints the list or saves it where the user wants it. False when the user gave
+/// up.
 bool print_result(Session& session, const std::string& title, bool extended);
-bool result_file(Session& session, const std::string& name, const std::string& title,
-                 bool extended);
+bool save_result_list(Session& session, const std::string& title, bool extended);
 /// `cmdCalc_OK`: the list of results as asked. False when the user cancelled or the file could not
 /// be written; the views then stay open, else they close.
 bool finish_result_view(Session& session, const report::ResultView& view, report::ListTarget target,
@@ -116,15 +115,17 @@ void take_iso_result(Session& session, const report::IsoCalculator& iso);
 
 /// `cmdProtokoll`: adds the current result to the protocol.
 void add_to_protocol(Session& session);
-/// Writes the protocol when rows are pending. False, after a message, when that fails.
+/// Writes the protocol when rows are pending. Where that fails, the reason is told and another
+/// place offered; false when the rows are still pending.
 bool write_protocol(Session& session);
 /// `cmdOpenNew`: writes what is pending, copies the file to the clipboard as a table with tabs, and
 /// takes a new protocol file. False, after a message, when the pending rows could not be written.
 bool open_new_protocol(Session& session);
 /// The title of the file that the next protocol is written to, for `lblProtText2`.
 std::string protocol_file_title(const Session& session);
-/// At the program's end: pending rows are written, a protocol file of length 0 is deleted.
-void close_protocol(Session& session);
+/// At the program's end: pending rows are written, a protocol file of length 0 is deleted. False
+/// when that failed and the user wants to go on instead.
+bool close_protocol(Session& session);
 /// `cmbSep`: the delimiter of an entry, 0 semicolon, 1 comma, 2 tab.
 void choose_separator(Session& session, int index);
 

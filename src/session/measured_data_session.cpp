@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "common/dialogs.h"
+#include "common/save_file.h"
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/cell_numbers.h"
@@ -81,14 +82,6 @@ double molar_mass_of(const Session& session, const std::string& casrn) {
     return static_cast<double>(session->substance.M);
 }
 
-bool save_to(const Session& session, const std::string& path, const MeasuredData& data) {
-    const Result<void> written = files::write_whole(
-        path, datafiles::measured_data_text(data, session.places().short_date()));
-    if (written) return true;
-    dialogs::tell(written.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
-    return false;
-}
-
 }  // namespace
 
 bool load_measured_data(Session& session, bool append) {
@@ -132,24 +125,25 @@ bool load_measured_data(Session& session, const std::string& name, bool append) 
 }
 
 bool save_measured_data(Session& session) {
-    const std::optional<std::string> name =
-        dialogs::choose_file({.save = true,
-                              .title = "Save exper. data as text file *.BAQ",
-                              .filter = kFilter,
-                              .folder = session->folder_measured,
-                              .name = session->measured.file,
-                              .default_extension = kExtension});
-    if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, session->folder_measured, kExtension);
     MeasuredData data = session->measured;
     if (text::trim(data.casrn).empty()) data.casrn = session->substance.casrn;
-    if (!may_replace(path) || !save_to(session, path, data)) return false;
-    data.file = paths::file_title(path);
+    const std::optional<std::string> path = saving::save_where_chosen(
+        {.choice = {.save = true,
+                    .title = "Save exper. data as text file *.BAQ",
+                    .filter = kFilter,
+                    .folder = session->folder_measured,
+                    .name = session->measured.file,
+                    .default_extension = kExtension},
+         .content = [&](const std::string&) {
+             return datafiles::measured_data_text(data, session.places().short_date());
+         }});
+    if (!path) return false;
+    data.file = paths::file_title(*path);
     data.casrn = text::pad_right(data.casrn, datafiles::kCasrnLength);
     const auto now = session.change();
     now->measured = std::move(data);
     now->measured_unsaved = false;
-    now->folder_measured = paths::folder_of(path);
+    now->folder_measured = paths::folder_of(*path);
     return true;
 }
 

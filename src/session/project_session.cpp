@@ -1,6 +1,7 @@
 #include "session/project_session.h"
 
 #include "common/dialogs.h"
+#include "common/save_file.h"
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/search.h"
@@ -200,10 +201,6 @@ void remember_project(Session& session, const std::string& path) {
     now->folder_projects = paths::folder_of(path);
 }
 
-Result<void> write_project(const Session& session, const std::string& path) {
-    return files::write_whole(path, datafiles::project_text(present_project(session)));
-}
-
 /// Another run that has ended since this one began has left its session there: it gets a name of
 /// its own.
 void keep_session_of_another_run(const Session& session) {
@@ -225,14 +222,6 @@ void keep_session_of_another_run(const Session& session) {
     }
 }
 
-bool write_last_session(Session& session) {
-    keep_session_of_another_run(session);
-    const std::string& file = session->last_session_file;
-    if (!write_project(session, file)) return false;
-    session.change()->last_session_written = files::time_written(file);
-    return true;
-}
-
 }  // namespace
 
 datafiles::ProjectContent present_project(const Session& session) {
@@ -249,31 +238,37 @@ datafiles::ProjectContent present_project(const Session& session) {
     return content;
 }
 
-bool save_project(Session& session, bool as_dialog) {
-    if (!as_dialog) return write_last_session(session);
+bool save_project(Session& session) {
+    std::optional<std::string> comment;
+    const std::optional<std::string> path = saving::save_where_chosen(
+        {.choice = {.save = true,
+                    .title = "save actual project as ...",
+                    .filter = kFilter,
+                    .folder = session->folder_projects,
+                    .name = session->project_file,
+                    .default_extension = kExtension,
+                    .overwrite_prompt = true},
+         .content = [&](const std::string&) {
+             if (!comment)
+                 comment =
+                     dialogs::ask_input({.text = "Input text for comment\n<Cancel> = No Comment",
+                                         .title = " File comment (optional) ",
+                                         .proposal = session->project_comment})
+                         .value_or("");
+             session.change()->project_comment = *comment;
+             return datafiles::project_text(present_project(session));
+         }});
+    if (path) remember_project(session, *path);
+    return path.has_value();
+}
 
-    const std::optional<std::string> name =
-        dialogs::choose_file({.save = true,
-                              .title = "save actual project as ...",
-                              .filter = kFilter,
-                              .folder = session->folder_projects,
-                              .name = session->project_file,
-                              .default_extension = kExtension,
-                              .overwrite_prompt = true});
-    if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, session->folder_projects, kExtension);
-    const std::string comment =
-        dialogs::ask_input({.text = "Input text for comment\n<Cancel> = No Comment",
-                            .title = " File comment (optional) ",
-                            .proposal = session->project_comment})
-            .value_or("");
-    session.change()->project_comment = comment;
-    if (const Result<void> written = write_project(session, path); !written) {
-        dialogs::tell(written.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
-        return false;
-    }
-    remember_project(session, path);
-    return true;
+Result<void> save_last_session(Session& session) {
+    keep_session_of_another_run(session);
+    const std::string& file = session->last_session_file;
+    const Result<void> written =
+        files::write_whole(file, datafiles::project_text(present_project(session)));
+    if (written) session.change()->last_session_written = files::time_written(file);
+    return written;
 }
 
 std::optional<std::string> choose_project(Session& session) {

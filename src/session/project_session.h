@@ -19,10 +19,11 @@ struct ProjectResult {
     bool models_complete = false;
 };
 
-/// Saves the session as a project. With a dialog it asks for name and comment; without, it writes
-/// the last session (`last_session_file`) without a question. False when nothing was written; with
-/// the dialog a failure is told.
-bool save_project(Session& session, bool as_dialog);
+/// Saves the session as a project: asks for name and comment. False when the user gave up.
+bool save_project(Session& session);
+/// Writes the last session (`last_session_file`) without a question; the reason of a failure names
+/// the file.
+Result<void> save_last_session(Session& session);
 
 /// Asks for a project file; nothing on a cancel.
 std::optional<std::string> choose_project(Session& session);

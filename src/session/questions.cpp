@@ -1,18 +1,10 @@
 #include "session/questions.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "common/dialogs.h"
 
 namespace quor::session {
-
-bool may_replace(const std::string& path) {
-    std::error_code ignored;
-    if (!std::filesystem::exists(path, ignored)) return true;
-    return dialogs::ask("such a file is already existing\nOverwright?", "WARNING",
-                        dialogs::Icon::Exclamation);
-}
 
 bool may_leave_unsaved(const std::function<bool()>& save, const std::string& question) {
     using dialogs::Answer;

@@ -8,10 +8,6 @@
 /// Questions that several files and lists ask in the same words.
 namespace quor::session {
 
-/// A file about to be written: asks "such a file is already existing" when there is one. True when
-/// it may be written.
-bool may_replace(const std::string& path);
-
 /// Before something unsaved is left: "Data not yet saved." "Save now?", or other words. True when
 /// it may be left: for Yes, when `save` has saved it, and for No. False for a cancel.
 bool may_leave_unsaved(const std::function<bool()>& save,

@@ -4,6 +4,7 @@
 
 #include "common/constants.h"
 #include "common/dialogs.h"
+#include "common/save_file.h"
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/search.h"
@@ -232,35 +233,37 @@ bool take_substance(Session& session, std::int16_t index) {
     return true;
 }
 
-bool save_private_database(Session& session) {
-    const std::optional<std::string> path = dialogs::choose_file(
-        {.save = true,
-         .title = "Saving a Private Database File *.Q05 for the actual substance ",
-         .filter = "Database (*.Q05)|*.Q05",
-         .folder = (session.places().write_folder() / "").string(),
-         .default_extension = ".Q05",
-         .overwrite_prompt = true});
-    return path && !path->empty() && write_private_database(session, *path);
-}
+namespace {
 
-bool write_private_database(Session& session, const std::string& path) {
-    const fs::path target =
-        paths::target_path(path, session.places().write_folder().string(), ".Q05");
-    if (is_same_file(target, session->database.path())) {
-        dialogs::tell("This file is the database that is open. Choose another name.",
-                      dialogs::kNotPossible, dialogs::Icon::Stop);
-        return false;
-    }
+/// The bytes of a private database in a place, of which an older file keeps what is not written
+/// anew.
+Result<std::string> private_database(const Session& session, const std::string& target) {
+    if (is_same_file(target, session->database.path()))
+        return Failure{"This file is the database that is open. Choose another name."};
     const Result<datafiles::SubstanceFileRecord> own =
         session->database.record(place_of(session->substance_number));
-    if (!own) return false;
+    if (!own) return own.failure();
     const Result<std::string> older = files::read_whole(target, datafiles::kLargestDatabase);
-    const std::string bytes = datafiles::private_database_bytes(
-        *own, session->substance, session->english, session.places().short_date(),
-        older ? *older : std::string());
-    if (!files::write_whole(target, bytes)) return false;
-    session.change()->applied_unsaved = false;
-    return true;
+    return datafiles::private_database_bytes(*own, session->substance, session->english,
+                                             session.places().short_date(),
+                                             older ? *older : std::string());
+}
+
+}  // namespace
+
+bool save_private_database(Session& session) {
+    const std::optional<std::string> path = saving::save_where_chosen(
+        {.choice = {.save = true,
+                    .title = "Saving a Private Database File *.Q05 for the actual substance ",
+                    .filter = "Database (*.Q05)|*.Q05",
+                    .folder = (session.places().write_folder() / "").string(),
+                    .default_extension = ".Q05",
+                    .overwrite_prompt = true},
+         .content = [&session](const std::string& target) {
+             return private_database(session, target);
+         }});
+    if (path) session.change()->applied_unsaved = false;
+    return path.has_value();
 }
 
 // ------------------------------------------------------------------------------------ the editor

@@ -63,10 +63,8 @@ bool may_leave_substance(Session& session);
 
 /// Asks for a name and writes the active substance to a private database of one substance. What
 /// the session does not hold comes from the substance's record in the open database. False when
-/// nothing was written.
+/// nothing was written, which is told.
 bool save_private_database(Session& session);
-/// The same to a known file.
-bool write_private_database(Session& session, const std::string& path);
 
 // The substance editor
 

@@ -1,6 +1,7 @@
 #include "session/xy_session.h"
 
 #include "common/dialogs.h"
+#include "common/save_file.h"
 #include "common/whole_file.h"
 #include "datafiles/xy_points.h"
 #include "session/questions.h"
@@ -11,15 +12,19 @@ namespace {
 
 constexpr const char* kExtension = ".XY";
 
-bool write(Session& session, const std::string& path, const std::string& text,
-           const std::string& failure_title) {
-    const Result<void> written = files::write_whole(path, text);
-    if (written) {
-        session.change()->folder_xy = paths::folder_of(path);
-        return true;
-    }
-    dialogs::tell(written.reason(), failure_title, dialogs::Icon::Stop);
-    return false;
+/// Points as a file where the user wants them; false when there is none.
+bool save_points(Session& session, std::span<const datafiles::FitPoint> points,
+                 const std::string& comment, const saving::Saved& question) {
+    saving::Saved saved = question;
+    saved.choice.save = true;
+    saved.choice.folder = session->folder_xy;
+    saved.choice.default_extension = kExtension;
+    saved.content = [&](const std::string&) {
+        return datafiles::xy_text(comment, points, session->csv_separator);
+    };
+    const std::optional<std::string> path = saving::save_where_chosen(saved);
+    if (path) session.change()->folder_xy = paths::folder_of(*path);
+    return path.has_value();
 }
 
 }  // namespace
@@ -60,18 +65,10 @@ bool save_xy(Session& session) {
 }
 
 bool save_xy(Session& session, const datafiles::XyData& data) {
-    const std::optional<std::string> name =
-        dialogs::choose_file({.save = true,
-                              .title = "(Curve)Points Save as ... ",
-                              .filter = "x-y Data (*.XY)|*.XY",
-                              .folder = session->folder_xy,
-                              .default_extension = kExtension,
-                              .overwrite_prompt = true});
-    if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, session->folder_xy, kExtension);
-    return write(session, path,
-                 datafiles::xy_text(data.comment, data.points, session->csv_separator),
-                 dialogs::kNotPossible);
+    return save_points(session, data.points, data.comment,
+                       {.choice = {.title = "(Curve)Points Save as ... ",
+                                   .filter = "x-y Data (*.XY)|*.XY",
+                                   .overwrite_prompt = true}});
 }
 
 bool may_leave_xy(Session& session) {
@@ -79,18 +76,10 @@ bool may_leave_xy(Session& session) {
 }
 
 bool save_curve_as_xy(Session& session, std::span<const datafiles::FitPoint> points) {
-    const std::optional<std::string> name =
-        dialogs::choose_file({.save = true,
-                              .title = "Save curve as *.XY",
-                              .filter = "XY text file (*.XY)|*.XY",
-                              .folder = session->folder_xy,
-                              .default_extension = kExtension});
-    if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, session->folder_xy, kExtension);
-    if (!may_replace(path)) return false;
-    const std::string comment = std::to_string(points.size()) + " curve points";
-    return write(session, path, datafiles::xy_text(comment, points, session->csv_separator),
-                 "ERROR");
+    return save_points(
+        session, points, std::to_string(points.size()) + " curve points",
+        {.choice = {.title = "Save curve as *.XY", .filter = "XY text file (*.XY)|*.XY"},
+         .failure_title = "ERROR"});
 }
 
 bool enough_active_points(std::span<const datafiles::FitPoint> points, bool as_points) {

@@ -5,6 +5,7 @@
 #include "calc_test.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "common/whole_file.h"
 #include "expected_text.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
@@ -47,7 +48,8 @@ class BatchList : public CalcTest {
 
     bool write(const std::filesystem::path& name) const {
         const std::string path = report::result_file_path(name.string(), folder.path().string());
-        return static_cast<bool>(report::write_result_file(path, compare(), title(), false));
+        return static_cast<bool>(
+            files::write_whole(path, report::result_file_text(compare(), title(), false)));
     }
 
     TemporaryFolder folder;

@@ -5,6 +5,7 @@
 #include "common/text.h"
 #include "report/titles.h"
 #include "session_calc_test.h"
+#include "support/machine_faults.h"
 
 using namespace quor;
 
@@ -378,21 +379,54 @@ TEST_F(Protocol, ExitWritesWhatIsPending) {
     EXPECT_EQ(file_lines()[6], "T;p;v(V);");
 }
 
+TEST_F(Protocol, WhatCannotBeWrittenToItsFolderGoesWhereTheUserWantsIt) {
+    namespace fs = std::filesystem;
+    write_state(300, 100);
+    const fs::path file = folder() / protocol().file;
+    ASSERT_TRUE(session::write_protocol(session));
+    fs::permissions(file, fs::perms::owner_read);
+    fs::create_directory(folder() / "sub");
+    user.fileAnswers = {(folder() / "sub" / "MINE").string()};
+    EXPECT_TRUE(session::close_protocol(session));
+    EXPECT_EQ(user.lastText(),
+              "The file 26151101.CSV could not be written (it is write-protected).\n\n"
+              "Save it in another place?");
+    EXPECT_EQ(user.files.back().name, "26151101.CSV");
+    EXPECT_EQ(content_of(folder() / "sub" / "MINE.CSV"), content_of(file));
+    EXPECT_FALSE(protocol().pending);
+}
+
+TEST_F(Protocol, AFileThatAnotherProgramHasWrittenSinceIsLeftToIt) {
+    namespace fs = std::filesystem;
+    write_state(300, 100);
+    const fs::path file = folder() / protocol().file;
+    ASSERT_TRUE(session::write_protocol(session));
+    std::ofstream(file) << "of another program";
+    fs::last_write_time(file, fs::file_time_type::clock::now() + std::chrono::seconds(2));
+    write_state(310, 100);
+    ASSERT_TRUE(session::write_protocol(session));
+    EXPECT_EQ(content_of(file), "of another program");
+    EXPECT_EQ(protocol().file, "26151102.CSV");
+    EXPECT_NE(content_of(folder() / protocol().file).find("310;100"), std::string::npos);
+}
+
 TEST_F(Protocol, WriteProtectedFileLosesNothing) {
     namespace fs = std::filesystem;
     write_state(300, 100);
     const fs::path file = folder() / protocol().file;
     ASSERT_TRUE(session::write_protocol(session));
-    std::ofstream(file) << "old";
+    const std::string before = content_of(file);
     fs::permissions(file, fs::perms::owner_read);
+    user.answers = {dialogs::Answer::No};
     EXPECT_FALSE(session::open_new_protocol(session));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("26151101.CSV could not be written"), std::string::npos);
     EXPECT_TRUE(protocol().pending);
     EXPECT_EQ(protocol().rows.size(), 1U);
     EXPECT_EQ(protocol().file, "26151101.CSV");
-    EXPECT_EQ(content_of(file), "old");
-    session::close_protocol(session);
+    EXPECT_EQ(content_of(file), before);
+    user.answers = {dialogs::Answer::Cancel};
+    EXPECT_FALSE(session::close_protocol(session)) << "the program goes on";
     EXPECT_TRUE(protocol().pending);
     fs::permissions(file, fs::perms::owner_all);
     EXPECT_TRUE(session::open_new_protocol(session));
@@ -402,14 +436,14 @@ TEST_F(Protocol, WriteProtectedFileLosesNothing) {
 TEST_F(Protocol, FolderThatTakesNoFileLosesNothing) {
     namespace fs = std::filesystem;
     write_state(300, 100);
-    // A folder stands where the new content would be written beside the old one.
-    const fs::path obstacle = folder() / (protocol().file + ".part");
-    fs::create_directory(obstacle);
-    EXPECT_FALSE(session::open_new_protocol(session));
+    {
+        const FaultyDisk disk = FaultyDisk::read_only(folder());
+        if (!disk.is_made()) GTEST_SKIP() << "no disks can be made here";
+        EXPECT_FALSE(session::open_new_protocol(session));
+    }
     EXPECT_TRUE(protocol().pending);
     EXPECT_EQ(protocol().rows.size(), 1U);
     EXPECT_FALSE(fs::exists(folder() / protocol().file));
-    fs::remove(obstacle);
     EXPECT_TRUE(session::open_new_protocol(session));
 }
 

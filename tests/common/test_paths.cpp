@@ -1,6 +1,7 @@
 #include <fstream>
 
 #include "common/paths.h"
+#include "support/machine_faults.h"
 #include "support/temporary_folder.h"
 
 using namespace quor;
@@ -48,6 +49,16 @@ TEST_F(PlacesTest, ProtocolNamesCountUp) {
     write("26151101.CSV", "");
     write("26151102.CSV", "x");
     EXPECT_EQ(places().new_protocol_file_name(), "26151103.CSV");
+}
+
+TEST_F(PlacesTest, AFolderThatTakesNoFilesIsKnown) {
+    EXPECT_EQ(places().write_fault(), std::nullopt);
+    write("file", "no folder");
+    EXPECT_EQ(Places(folder() / "file").write_fault(), "Permission denied");
+    EXPECT_EQ(Places(folder() / "file" / "sub").write_fault(), "Not a directory");
+    const FaultyDisk disk = FaultyDisk::read_only(folder());
+    if (!disk.is_made()) GTEST_SKIP() << "no disks can be made here";
+    EXPECT_EQ(places().write_fault(), "Read-only file system");
 }
 
 TEST_F(PlacesTest, TheDateIsTheOneGivenElseTodays) {

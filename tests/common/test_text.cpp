@@ -61,4 +61,13 @@ TEST(Text, TrimsAndSplits) {
     EXPECT_EQ(text::replace_all("aXbX", "X", "YY"), "aYYbYY");
 }
 
+TEST(Text, BytesThatAreNoUtf8AreKnown) {
+    for (const char* right : {"", "abc", "Äther", "温度", "\xF0\x9F\x94\xA5", "\xEF\xBF\xBF"})
+        EXPECT_TRUE(text::is_utf8(right)) << right;
+    EXPECT_TRUE(text::is_utf8(std::string(3000, 'x') + "Ä"));
+    for (const char* wrong :
+         {"\xFF", "a\x80z", "\xC3", "\xC0\xAF", "\xE2\x82", "\xF5\x80\x80\x80", "\xED\xA0\x80"})
+        EXPECT_FALSE(text::is_utf8(wrong)) << wrong;
+}
+
 }  // namespace

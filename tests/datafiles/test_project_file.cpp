@@ -75,4 +75,29 @@ TEST(project_file, AnotherFileIsRefusedByName) {
     EXPECT_EQ(read_project("one line", "P.QCF").reason(), "The file P.QCF is no project file.");
 }
 
+TEST(ProjectFile, NamesAndCommentsOutsideTheCodePageAreKept) {
+    datafiles::ProjectContent content{.date = "22.11.2026",
+                                      .comment = "температура 温度",
+                                      .database = "вода.Q05",
+                                      .casrn = "7732-18-5"};
+    for (const bool virial : {false, true}) {
+        if (virial) content.manual_virial = models::ManualVirial{1, 2, 3};
+        const std::string file = datafiles::project_text(content);
+        const auto read = datafiles::read_project(file, "A.QCF");
+        ASSERT_TRUE(read);
+        EXPECT_EQ(read->database, "вода.Q05");
+        EXPECT_EQ(read->comment, "температура 温度");
+        EXPECT_EQ(read->manual_virial, content.manual_virial);
+    }
+    content.database = "Wärme.Q05";
+    content.comment = "Größe";
+    EXPECT_EQ(datafiles::project_text(content).find("database="), std::string::npos)
+        << "what the code page has stands once";
+    // Bytes that are no text, and a name that is none, leave what the head says, or are refused.
+    const std::string file = datafiles::project_text(content);
+    EXPECT_EQ(datafiles::read_project(file + "database=\xFF\xFE\r\n", "A.QCF")->database,
+              "Wärme.Q05");
+    EXPECT_FALSE(datafiles::read_project(file + "database=\r\n", "A.QCF"));
+}
+
 }  // namespace

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "chart/chart_file.h"
+#include "common/whole_file.h"
 #include "diagrams/active_fluid.h"
 #include "session/calculations.h"
 #include "session/measured_data_session.h"
@@ -64,7 +65,7 @@ class KilledWriters : public ActiveFluid {
                      state.project_comment = std::string(second ? 9000 : 7000, 'c');
                      state.last_session_file = file.string();
                  });
-                 session::save_project(session, false);
+                 (void)session::save_last_session(session);
              }},
             {"data.BAQ",
              [this](const fs::path& file, bool second) {
@@ -81,19 +82,20 @@ class KilledWriters : public ActiveFluid {
             {"own.Q05",
              [this](const fs::path& file, bool second) {
                  session.change()->substance.name = std::string(second ? 30 : 20, 'n');
-                 session::write_private_database(session, file.string());
+                 answer(file);
+                 session::save_private_database(session);
              }},
             {"diagram.oc2",
              [](const fs::path& file, bool second) {
                  chart::Chart2D chart;
                  chart::series_at(chart, chart::Group::Curves, 0).x.assign(second ? 9000 : 7000, 1);
-                 (void)chart::save_chart(chart, file);
+                 (void)files::write_whole(file, chart::to_text(chart));
              }},
             {"surface.oc3",
              [](const fs::path& file, bool second) {
                  chart::Chart3D chart;
                  chart.header.text = std::string(second ? 9000 : 7000, 't');
-                 (void)chart::save_chart(chart, file);
+                 (void)files::write_whole(file, chart::to_text(chart));
              }},
             {"results.LST",
              [this](const fs::path& file, bool second) {
@@ -102,7 +104,8 @@ class KilledWriters : public ActiveFluid {
                      state.calculation.task = calculation::Task::state;
                      state.batch_mode = true;
                  });
-                 session::result_file(session, file.string(), "T, p", false);
+                 answer(file);
+                 session::save_result_list(session, "T, p", false);
              }},
             {"protocol.CSV",
              [this](const fs::path& file, bool second) {

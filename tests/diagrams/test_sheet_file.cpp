@@ -6,6 +6,7 @@
 
 #include "chart/chart_file.h"
 #include "common/numbers.h"
+#include "common/whole_file.h"
 #include "diagrams/curve.h"
 #include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_draw.h"
@@ -28,10 +29,10 @@ class SheetFile : public Sheet {
         folder2D = folder().string() + "/";
     }
     bool save() {
-        const diagrams::SaveAnswer answer =
+        const auto saved =
             diagrams::save_oc2(sheet, folder2D, diagrams::proposed_file(sheet, "Propane"));
-        folder2D = answer.folder;
-        return answer.saved;
+        if (saved) folder2D = paths::folder_of(*saved);
+        return saved.has_value();
     }
     LoadOutcome load() {
         const diagrams::LoadAnswer answer = diagrams::load_oc2(sheet, folder2D, notePending);
@@ -89,7 +90,7 @@ TEST_F(SheetFile, LoadsWhatItSaved) {
 }
 
 TEST_F(SheetFile, ShowsItsNoteOnce) {
-    ASSERT_TRUE(chart::save_chart(sheet.chart, path("a.oc2")));
+    ASSERT_TRUE(files::write_whole(path("a.oc2"), chart::to_text(sheet.chart)));
     user.fileAnswers = {path("a.oc2"), path("a.oc2")};
     load();
     ASSERT_EQ(user.messages.size(), 1U);
@@ -104,7 +105,7 @@ TEST_F(SheetFile, TakesTheWindowOfTheFile) {
     sheet.chart.x.max = 2;
     sheet.chart.y.min = 3;
     sheet.chart.y.max = 4;
-    ASSERT_TRUE(chart::save_chart(sheet.chart, path("a.oc2")));
+    ASSERT_TRUE(files::write_whole(path("a.oc2"), chart::to_text(sheet.chart)));
     open(1);
     ASSERT_EQ(diagrams::load_oc2(sheet, path("a.oc2")).outcome, LoadOutcome::Loaded);
     EXPECT_EQ(sheet.request.window.x_min, 1);
@@ -124,7 +125,7 @@ TEST_F(SheetFile, TakesAllCurvesAndPointsOfALargeFile) {
     diagrams::mark_critical_point(sheet, pen(), true);
     diagrams::mark_critical_point(sheet, pen(), false);
     const chart::Chart2D before = sheet.chart;
-    ASSERT_TRUE(chart::save_chart(sheet.chart, path("many.oc2")));
+    ASSERT_TRUE(files::write_whole(path("many.oc2"), chart::to_text(sheet.chart)));
     open(1);
     ASSERT_EQ(diagrams::load_oc2(sheet, path("many.oc2")).outcome, LoadOutcome::Loaded);
     EXPECT_TRUE(sheet.chart == before);
@@ -140,14 +141,14 @@ TEST_F(SheetFile, LoadsADiagramWhoseCurvesAreAllDeleted) {
     diagrams::draw(sheet, pen());
     diagrams::delete_curve(sheet, 0);
     sheet.chart.labels.clear();
-    ASSERT_TRUE(chart::save_chart(sheet.chart, path("empty.oc2")));
+    ASSERT_TRUE(files::write_whole(path("empty.oc2"), chart::to_text(sheet.chart)));
     ASSERT_EQ(diagrams::load_oc2(sheet, path("empty.oc2")).outcome, LoadOutcome::Loaded);
     EXPECT_EQ(diagrams::curve_count(sheet), 0);
     EXPECT_FALSE(diagrams::has_anything(sheet));
 }
 
 TEST_F(SheetFile, UndoesTheSwapBeforeALoad) {
-    ASSERT_TRUE(chart::save_chart(sheet.chart, path("a.oc2")));
+    ASSERT_TRUE(files::write_whole(path("a.oc2"), chart::to_text(sheet.chart)));
     diagrams::change_xy(sheet);
     user.fileAnswers = {path("a.oc2")};
     ASSERT_EQ(load(), LoadOutcome::Loaded);
@@ -166,7 +167,7 @@ TEST_F(SheetFile, ATurnedDiagramIsSavedAndShownAsItStands) {
     diagrams::draw(sheet, pen());
     diagrams::change_xy(sheet);
     const chart::Chart2D turned = sheet.chart;
-    ASSERT_TRUE(chart::save_chart(sheet.chart, path("s.oc2")));
+    ASSERT_TRUE(files::write_whole(path("s.oc2"), chart::to_text(sheet.chart)));
     open(1);
     ASSERT_EQ(diagrams::load_oc2(sheet, path("s.oc2")).outcome, LoadOutcome::Loaded);
     EXPECT_TRUE(sheet.chart == turned);
@@ -184,7 +185,7 @@ TEST_F(SheetFile, AShiftedAndAHiddenLabelComeBack) {
         return chart::TextSize{40, 10};
     };
     diagrams::place_labels(sheet, 600, 400, measure);
-    ASSERT_TRUE(chart::save_chart(sheet.chart, path("l.oc2")));
+    ASSERT_TRUE(files::write_whole(path("l.oc2"), chart::to_text(sheet.chart)));
     open(1);
     ASSERT_EQ(diagrams::load_oc2(sheet, path("l.oc2")).outcome, LoadOutcome::Loaded);
     EXPECT_EQ(label_of(0), (chart::CurveLabel{"shifted", true, 0.25}));
@@ -193,7 +194,7 @@ TEST_F(SheetFile, AShiftedAndAHiddenLabelComeBack) {
 
 TEST_F(SheetFile, RefusesDamagedFilesWithAReason) {
     diagrams::draw(sheet, pen());
-    ASSERT_TRUE(chart::save_chart(sheet.chart, path("good.oc2")));
+    ASSERT_TRUE(files::write_whole(path("good.oc2"), chart::to_text(sheet.chart)));
     const std::string good = read(path("good.oc2"));
     const chart::Chart2D before = sheet.chart;
     const std::vector<std::string> damaged = {"", "no chart", good.substr(0, good.size() / 2), "{}",

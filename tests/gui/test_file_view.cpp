@@ -84,7 +84,7 @@ TEST_F(FileViewTest, ShowsTheFilesOfItsKindAndWhatTheMarkedOneIsAbout) {
 
 TEST_F(FileViewTest, AProjectTellsItsSubstanceToo) {
     user.fileAnswers = {path("mine.QCF")};
-    session::save_project(session, true);
+    session::save_project(session);
     ASSERT_TRUE(fs::exists(folder() / "mine.QCF"));
     dialogs::FileChoice projects = choice();
     projects.filter = "Project (*.QCF)|*.QCF";

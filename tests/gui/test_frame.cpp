@@ -5,6 +5,7 @@
 #include "session/commands.h"
 #include "session/project_session.h"
 #include "support/codes.h"
+#include "support/machine_faults.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -385,13 +386,24 @@ TEST_F(Frame, AMissingTipsFileIsToldOnceAndTheViewStaysEmpty) {
     EXPECT_FALSE(drive::isEnabled("cmdNextTip"));
 }
 
+TEST_F(Frame, AFolderThatTakesNoFilesIsToldAtTheStart) {
+    const FaultyDisk disk = FaultyDisk::read_only(folder());
+    if (!disk.is_made()) GTEST_SKIP() << "no disks can be made here";
+    start();
+    ASSERT_FALSE(user.messages.empty());
+    EXPECT_EQ(user.messages[0].text, "No files can be written to the folder " + folder().string() +
+                                         " (Read-only file system).\n\n"
+                                         "Whatever is saved can go to other places; the session "
+                                         "itself is not kept for the next start.");
+}
+
 class FrameWithProjects : public FrameTest {
   protected:
     /// The program with a last session of carbon dioxide.
     void start_after_a_session() {
         start();
         openSubstance("Carbon dioxide");
-        ASSERT_TRUE(session::save_project(session, false));
+        ASSERT_TRUE(session::save_last_session(session));
         session::reset_everything(session);
         user.messages.clear();
     }

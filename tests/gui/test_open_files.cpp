@@ -58,7 +58,7 @@ TEST_F(OpenFiles, ADatabaseIsOpenedAsByItsRow) {
 
 TEST_F(OpenFiles, AProjectIsLoaded) {
     user.fileAnswers = {path("mine.QCF")};
-    session::save_project(session, true);
+    session::save_project(session);
     databases::Write(folder() / "SECOND.Q05", {databases::Row("Water")});
     answerChoice("Water");
     drop({path("SECOND.Q05")});

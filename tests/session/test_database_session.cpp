@@ -3,6 +3,7 @@
 #include "session/substance_session.h"
 #include "support/codes.h"
 #include "support/database_builder.h"
+#include "support/machine_faults.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -300,15 +301,45 @@ TEST_F(PrivateDatabase, TheDialogIsTheOneForPrivateFiles) {
     EXPECT_TRUE(user.messages.empty());
 }
 
-TEST_F(PrivateDatabase, AFailurePassesSilently) {
-    user.fileAnswers.push_back((folder() / "missing" / "P.Q05").string());
+TEST_F(PrivateDatabase, AFailureIsToldAndAnotherPlaceTaken) {
+    user.fileAnswers = {(folder() / "missing" / "P.Q05").string(), (folder() / "P.Q05").string()};
+    EXPECT_TRUE(session::save_private_database(session));
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(),
+              "The file P.Q05 could not be written (No such file or directory).\n\n"
+              "Save it in another place?");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(builder::ReadFile(folder() / "P.Q05").size(), 2U * 684U);
+}
+
+TEST_F(PrivateDatabase, AFullDiskOrAReadOnlyFolderIsNotPassedOverInSilence) {
+    session.change()->applied_unsaved = true;
+    std::filesystem::create_directory(folder() / "disk");
+    const FaultyDisk disk = FaultyDisk::small(folder() / "disk", 4096);
+    if (!disk.is_made()) GTEST_SKIP() << "no disks can be made here";
+    disk.fill();
+    user.fileAnswers = {(folder() / "disk" / "P.Q05").string()};
+    user.answers = {dialogs::Answer::No};
     EXPECT_FALSE(session::save_private_database(session));
-    EXPECT_TRUE(user.messages.empty());
+    EXPECT_TRUE(user.lastText().starts_with(
+        "The file P.Q05 could not be written (No space left on device)."))
+        << user.lastText();
+    const FaultyDisk locked = FaultyDisk::read_only(folder() / "disk");
+    ASSERT_TRUE(locked.is_made());
+    user.fileAnswers = {(folder() / "disk" / "P.Q05").string()};
+    user.answers = {dialogs::Answer::No};
+    EXPECT_FALSE(session::save_private_database(session));
+    EXPECT_TRUE(
+        user.lastText().starts_with("The file P.Q05 could not be written (Read-only file system)."))
+        << user.lastText();
+    EXPECT_TRUE(session->applied_unsaved) << "the program still asks about it";
 }
 
 TEST_F(PrivateDatabase, WithoutASubstanceNothingIsWritten) {
     session.change()->substance_number = 0;
-    EXPECT_FALSE(session::write_private_database(session, (folder() / "P.Q05").string()));
+    user.fileAnswers = {(folder() / "P.Q05").string()};
+    EXPECT_FALSE(session::save_private_database(session));
+    EXPECT_EQ(user.messages.size(), 1U);
     EXPECT_FALSE(std::filesystem::exists(folder() / "P.Q05"));
 }
 
@@ -317,7 +348,9 @@ TEST_F(PrivateDatabase, TheOpenDatabaseIsNeverOverwritten) {
     user.fileAnswers.push_back((folder() / "A.Q05").string());
     EXPECT_FALSE(session::save_private_database(session));
     EXPECT_EQ(builder::ReadFile(folder() / "A.Q05"), before);
-    EXPECT_EQ(user.lastText(), "This file is the database that is open. Choose another name.");
+    EXPECT_EQ(user.lastText(),
+              "This file is the database that is open. Choose another name.\n\n"
+              "Save it in another place?");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 

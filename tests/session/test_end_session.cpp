@@ -29,14 +29,14 @@ class EndOfASession : public SessionTest {
 };
 
 TEST_F(EndOfASession, WithoutADatabaseNoLastSessionIsWritten) {
-    session::end_session(session);
+    EXPECT_TRUE(session::end_session(session));
     EXPECT_FALSE(std::filesystem::exists(last()));
 }
 
 TEST_F(EndOfASession, ADatabaseWithoutASubstanceLeavesTheLastSessionAlone) {
     write(last(), "the good one");
     session.change()->database_file = "STUDENT.Q05";
-    session::end_session(session);
+    EXPECT_TRUE(session::end_session(session));
     EXPECT_EQ(builder::ReadFile(last()), "the good one");
 }
 
@@ -47,7 +47,7 @@ TEST_F(EndOfASession, PendingRowsOfTheProtocolAndTheSessionAreWritten) {
         ASSERT_TRUE(now->protocol.add({}, {}));
         now->protocol.pending = true;
     }
-    session::end_session(session);
+    EXPECT_TRUE(session::end_session(session));
     EXPECT_FALSE(session->protocol.pending);
     EXPECT_EQ(protocols(), 1);
     EXPECT_TRUE(std::filesystem::exists(last()));
@@ -56,10 +56,10 @@ TEST_F(EndOfASession, PendingRowsOfTheProtocolAndTheSessionAreWritten) {
 TEST_F(EndOfASession, AnEmptyProtocolFileIsDeletedAndOneWithDataStays) {
     const std::filesystem::path file = folder() / session->protocol.file;
     write(file, "");
-    session::end_session(session);
+    EXPECT_TRUE(session::end_session(session));
     EXPECT_FALSE(std::filesystem::exists(file));
     write(file, "x");
-    session::end_session(session);
+    EXPECT_TRUE(session::end_session(session));
     EXPECT_TRUE(std::filesystem::exists(file));
 }
 
@@ -68,18 +68,18 @@ TEST_F(EndOfASession, AProtocolFileWithAFolderIsFoundThere) {
     const std::filesystem::path file = folder() / "sub" / "P.CSV";
     write(file, "");
     session.change()->protocol.file = file.string();
-    session::end_session(session);
+    EXPECT_TRUE(session::end_session(session));
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 TEST_F(EndOfASession, TheSessionOfAnotherRunThatEndedMeanwhileIsKept) {
     have_a_substance();
     write(last(), "of another run");
-    session::end_session(session);
+    EXPECT_TRUE(session::end_session(session));
     EXPECT_EQ(builder::ReadFile(folder() / "QuorLastSession_1.QCF"), "of another run");
     EXPECT_NE(builder::ReadFile(last()), "of another run");
 
-    session::end_session(session);
+    EXPECT_TRUE(session::end_session(session));
     EXPECT_FALSE(std::filesystem::exists(folder() / "QuorLastSession_2.QCF"))
         << "the file is this run's own now";
 }
@@ -130,6 +130,30 @@ TEST_F(Tips, StayHiddenOnlyWhenSwitchedOffAndNotAskedFor) {
     EXPECT_FALSE(session::tips_stay_hidden(false, true));
     EXPECT_FALSE(session::tips_stay_hidden(true, false));
     EXPECT_FALSE(session::tips_stay_hidden(true, true));
+}
+
+TEST_F(EndOfASession, ASessionThatCannotBeSavedIsToldAndSavedElsewhere) {
+    have_a_substance();
+    std::filesystem::create_directory(last());
+    user.fileAnswers = {(folder() / "MINE").string()};
+    EXPECT_TRUE(session::end_session(session));
+    EXPECT_EQ(user.lastText(),
+              "The file QuorLastSession.QCF could not be written (it is a folder).\n"
+              "The next start will not find this session.\n\n"
+              "Save it as a project in another place?");
+    EXPECT_TRUE(std::filesystem::is_regular_file(folder() / "MINE.QCF"));
+}
+
+TEST_F(EndOfASession, EscapeOnTheQuestionAboutAFailedSaveKeepsTheProgramOpen) {
+    have_a_substance();
+    std::filesystem::create_directory(last());
+    user.answers = {dialogs::Answer::Cancel};
+    EXPECT_FALSE(session::end_session(session));
+    user.answers = {dialogs::Answer::Yes};
+    user.fileAnswers = {std::nullopt};
+    EXPECT_FALSE(session::end_session(session)) << "nor does a cancelled choice of a place end it";
+    user.answers = {dialogs::Answer::No};
+    EXPECT_TRUE(session::end_session(session));
 }
 
 }  // namespace

@@ -167,7 +167,9 @@ TEST_F(MeasuredDataSession, AFailedSaveIsToldAndNothingIsLost) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "missing" / "E.BAQ").string());
     EXPECT_FALSE(session::save_measured_data(session));
-    EXPECT_EQ(user.lastText(), "The file E.BAQ could not be written (No such file or directory).");
+    EXPECT_EQ(user.lastText(),
+              "The file E.BAQ could not be written (No such file or directory).\n\n"
+              "Save it in another place?");
     EXPECT_EQ(session->measured.file, "D.BAQ");
     EXPECT_EQ(session->measured.points.size(), 3U);
 }

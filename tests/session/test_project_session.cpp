@@ -132,7 +132,7 @@ TEST_F(ProjectSession, SavingWritesTheItemsInTheirOrder) {
     load(kProject);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("my comment");
-    EXPECT_TRUE(session::save_project(session, true));
+    EXPECT_TRUE(session::save_project(session));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
     EXPECT_EQ(session->project_file, "B.QCF");
 }
@@ -141,7 +141,7 @@ TEST_F(ProjectSession, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
     load(kProject);
     numbers::set_decimal_mark(',');
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_TRUE(session::save_project(session, true));
+    EXPECT_TRUE(session::save_project(session));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
     session::reset_everything(session);
     session::load_project(session, (folder() / "B.QCF").string());
@@ -172,7 +172,7 @@ TEST_F(ProjectSession, ValuesComeBackExactly) {
     session.change()->models.watson_n = 0.1F;
     session.change()->csv_separator = '\t';
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    ASSERT_TRUE(session::save_project(session, true));
+    ASSERT_TRUE(session::save_project(session));
     session::reset_everything(session);
     EXPECT_TRUE(session::load_project(session, (folder() / "B.QCF").string()).loaded);
     EXPECT_EQ(session->diagram_at.T, 1.0 / 3.0);
@@ -188,7 +188,7 @@ TEST_F(ProjectSession, SavingAsksForNameAndComment) {
     session.change()->project_file = "OLD.QCF";
     user.fileAnswers.push_back("B");
     user.inputAnswers.push_back(std::nullopt);
-    EXPECT_TRUE(session::save_project(session, true));
+    EXPECT_TRUE(session::save_project(session));
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_TRUE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "save actual project as ...");
@@ -208,7 +208,7 @@ TEST_F(ProjectSession, SavingAsksForNameAndComment) {
 TEST_F(ProjectSession, CancellingTheDialogWritesNothing) {
     open_and_choose();
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(session::save_project(session, true));
+    EXPECT_FALSE(session::save_project(session));
     EXPECT_TRUE(user.inputs.empty());
 }
 
@@ -217,8 +217,10 @@ TEST_F(ProjectSession, AFailedSaveIsToldAndLeavesTheOldFile) {
     builder::WriteFile(folder() / "B.QCF", "old");
     fs::permissions(folder() / "B.QCF", fs::perms::owner_read);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_FALSE(session::save_project(session, true));
-    EXPECT_EQ(user.lastText(), "The file B.QCF could not be written (it is write-protected).");
+    EXPECT_FALSE(session::save_project(session));
+    EXPECT_EQ(user.lastText(),
+              "The file B.QCF could not be written (it is write-protected).\n\n"
+              "Save it in another place?");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), "old");
 }
@@ -228,7 +230,7 @@ TEST_F(ProjectSession, TheLastSessionIsSavedWithoutAQuestion) {
     session.change()->project_file = "MINE.QCF";
     session.change()->models.eos = codes::eos(6);
     session.change()->diagram_at.T = 345.5;
-    EXPECT_TRUE(session::save_project(session, false));
+    EXPECT_TRUE(session::save_last_session(session));
     EXPECT_TRUE(user.files.empty());
     EXPECT_TRUE(user.inputs.empty());
     EXPECT_TRUE(fs::exists(session->last_session_file));
@@ -450,7 +452,7 @@ TEST_F(ProjectSession, TheManualVirialEquationComesBackWithItsCoefficients) {
     const auto B = [this] { return models::virial(session.fluid(), 400).B; };
     EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12) << "b0 - b1/T^b2";
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    ASSERT_TRUE(session::save_project(session, true));
+    ASSERT_TRUE(session::save_project(session));
 
     session::reset_everything(session);
     load(kProject);  // another equation in between
@@ -494,7 +496,7 @@ TEST_F(ProjectSession, CommentsKeepTheirUmlautsAndStayOnOneLine) {
     open_and_choose();
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("Kälte\r\nzwei");
-    session::save_project(session, true);
+    session::save_project(session);
     const std::string text = builder::ReadFile(folder() / "B.QCF");
     EXPECT_NE(text.find("\r\nK\xE4lte  zwei\r\n"), std::string::npos);
     session::load_project(session, (folder() / "B.QCF").string());

@@ -278,7 +278,11 @@ class Work {
 
     void private_database(int round) {
         const std::string name = "OWN" + std::to_string(round % 3) + ".Q05";
-        EXPECT_TRUE(session::write_private_database(session_, name));
+        // Each thread has a user of its own.
+        const auto before = dialogs::current().file;
+        dialogs::current().file = [&name](const dialogs::FileChoice&) { return name; };
+        EXPECT_TRUE(session::save_private_database(session_));
+        dialogs::current().file = before;
         out_ << builder::ReadFile(folder_.path() / name);
     }
 

@@ -4,6 +4,7 @@
 #include <QPrinter>
 
 #include "common/dialogs.h"
+#include "common/save_file.h"
 
 namespace quor::gui {
 
@@ -34,18 +35,21 @@ void copy(const Picture& picture) {
 }
 
 void save(const Picture& picture, const std::string& folder) {
-    const auto name = dialogs::choose_file(
-        {.save = true,
-         .title = "Save as Image File",
-         .filter = "PNG image (*.png)|*.png|Bitmap (*.bmp)|*.bmp|SVG drawing (*.svg)|*.svg|"
-                   "PDF document (*.pdf)|*.pdf|Enhanced metafile (*.emf)|*.emf|"
-                   "Windows metafile (*.wmf)|*.wmf",
-         .folder = folder,
-         .default_extension = ".png",
-         .overwrite_prompt = true});
-    if (!name || name->empty()) return;
-    tellFailure(
-        chart::exportPicture(picture.painting, QString::fromStdString(*name), optionsOf(picture)));
+    saving::save_where_chosen(
+        {.choice = {.save = true,
+                    .title = "Save as Image File",
+                    .filter = "PNG image (*.png)|*.png|Bitmap (*.bmp)|*.bmp|"
+                              "SVG drawing (*.svg)|*.svg|PDF document (*.pdf)|*.pdf|"
+                              "Enhanced metafile (*.emf)|*.emf|Windows metafile (*.wmf)|*.wmf",
+                    .folder = folder,
+                    .default_extension = ".png",
+                    .overwrite_prompt = true},
+         .content =
+             [&picture](const std::string& path) {
+                 return chart::pictureFile(picture.painting, QString::fromStdString(path),
+                                           optionsOf(picture));
+             },
+         .failure_title = "ERROR"});
 }
 
 void print(const Picture& picture, QWidget* parent) {

@@ -8,7 +8,6 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <array>
 #include <cmath>
@@ -164,21 +163,17 @@ QByteArray pictureBytes(const Painting& painting, PictureFormat format,
     return {};
 }
 
-Result<void> exportPicture(const Painting& painting, const QString& file,
-                           const PictureOptions& options) {
+Result<std::string> pictureFile(const Painting& painting, const QString& file,
+                                const PictureOptions& options) {
     const auto format = formatOf(file);
     if (!format)
-        return failed(QStringLiteral("%1: The extension of the name tells no picture format "
-                                     "(png, bmp, svg, pdf, emf, wmf).")
-                          .arg(QFileInfo(file).fileName()));
+        return Failure{QStringLiteral("%1: The extension of the name tells no picture format "
+                                      "(png, bmp, svg, pdf, emf, wmf).")
+                           .arg(QFileInfo(file).fileName())
+                           .toStdString()};
     const QByteArray bytes = pictureBytes(painting, *format, options);
-    if (bytes.isEmpty()) return failed(QStringLiteral("A picture of this size cannot be made."));
-    QSaveFile out(file);
-    const bool written =
-        out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.commit();
-    if (written) return {};
-    return failed(
-        QStringLiteral("%1: The file cannot be written.").arg(QFileInfo(file).fileName()));
+    if (bytes.isEmpty()) return Failure{"A picture of this size cannot be made."};
+    return bytes.toStdString();
 }
 
 std::unique_ptr<QMimeData> clipboardData(const Painting& painting, const PictureOptions& options) {

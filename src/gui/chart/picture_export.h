@@ -42,10 +42,9 @@ QSizeF pixelsOfCm(double widthCm, double heightCm);
 QByteArray pictureBytes(const Painting& painting, PictureFormat format,
                         const PictureOptions& options);
 
-/// Writes a picture; the format follows the file's extension. The file appears whole or not at
-/// all.
-Result<void> exportPicture(const Painting& painting, const QString& file,
-                           const PictureOptions& options);
+/// The bytes of a picture's file; the format follows the file's extension.
+Result<std::string> pictureFile(const Painting& painting, const QString& file,
+                                const PictureOptions& options);
 
 /// The picture for the clipboard: an image, and the same as SVG and EMF for programs that take
 /// vectors.

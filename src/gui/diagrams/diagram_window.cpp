@@ -286,10 +286,11 @@ bool DiagramWindow::save() {
     const models::SubstanceRecord* substance = diagrams::first_substance(sheet_);
     const std::string proposed = diagrams::proposed_file(
         sheet_, substance == nullptr ? "" : session::short_name(session_, *substance));
-    const auto answer = diagrams::save_oc2(sheet_, session_->folder_diagrams, proposed);
-    session_.change()->folder_diagrams = answer.folder;
-    if (answer.saved) unsaved_ = false;
-    return answer.saved;
+    const auto path = diagrams::save_oc2(sheet_, session_->folder_diagrams, proposed);
+    if (!path) return false;
+    session_.change()->folder_diagrams = paths::folder_of(*path);
+    unsaved_ = false;
+    return true;
 }
 
 bool DiagramWindow::mayLeave() {

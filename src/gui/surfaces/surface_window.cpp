@@ -102,11 +102,11 @@ void SurfaceWindow::loadOC3() {
 }
 
 void SurfaceWindow::saveOC3() {
-    const auto answer = diagrams::save_oc3(
+    const auto path = diagrams::save_oc3(
         sheet_, session_->folder_surfaces,
         diagrams::proposed_file(sheet_,
                                 session::short_name(session_, sheet_.basis.fluid.substance())));
-    session_.change()->folder_surfaces = answer.folder;
+    if (path) session_.change()->folder_surfaces = paths::folder_of(*path);
 }
 
 void SurfaceWindow::design(const QString& page) {

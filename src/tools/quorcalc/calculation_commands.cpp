@@ -138,9 +138,9 @@ Json batch(Call& call, const Arguments& a) {
     const report::ResultList list =
         report::make_result_list(comparison, title, extended, report::ListForm::File);
     if (!a.lst.empty()) {
-        const Result<void> written = report::write_result_file(
-            report::result_file_path(std::filesystem::absolute(a.lst).string(), {}), comparison,
-            title, extended);
+        const Result<void> written = files::write_whole(
+            report::result_file_path(std::filesystem::absolute(a.lst).string(), {}),
+            report::result_file_text(comparison, title, extended));
         if (!written) {
             dialogs::tell(written.reason(), "WARNING");
             throw CannotBeDone{"the list could not be written: " + a.lst};

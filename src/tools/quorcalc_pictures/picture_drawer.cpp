@@ -1,10 +1,10 @@
 #include "tools/quorcalc_pictures/picture_drawer.h"
 
 #include <QGuiApplication>
-#include <QSaveFile>
 #include <memory>
 #include <optional>
 
+#include "common/whole_file.h"
 #include "diagrams/sheet_labels.h"
 #include "gui/chart/chart_qt.h"
 #include "gui/chart/picture_export.h"
@@ -36,10 +36,8 @@ Result<void> write(const chart::Painting& painting, const std::string& format,
     const auto kind = chart::formatOf("picture." + QString::fromStdString(format));
     const QByteArray bytes = kind ? chart::pictureBytes(painting, *kind, options) : QByteArray();
     if (bytes.isEmpty()) return Failure{"A picture of this size cannot be made."};
-    QSaveFile out(QString::fromStdString(file));
-    if (out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.commit())
-        return {};
-    return Failure{file + ": The file cannot be written."};
+    return files::write_whole(
+        file, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
 
 Result<void> draw_sheet(diagrams::DiagramSheet& sheet, const std::string& format,
