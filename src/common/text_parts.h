@@ -26,9 +26,6 @@ class LineCursor {
         return line;
     }
 
-    /// What stands behind the lines that were given.
-    std::string_view rest() const { return rest_; }
-
   private:
     std::string_view rest_;
 };
