@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <ctime>
 #include <utility>
 
@@ -69,9 +68,7 @@ std::string today() {
 }
 
 std::string two_digits(int n) {
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "%02d", n);
-    return buffer;
+    return (n < 10 ? "0" : "") + std::to_string(n);
 }
 
 }  // namespace
