@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 
 #include "common/numbers.h"
 
@@ -49,7 +48,9 @@ std::string power_text(double value, double step, int decimals) {
     const int digits = decimals >= 0 ? decimals : decimals_of(step / std::pow(10.0, exponent));
     std::string text = printed(value, std::min(digits, kMaxDecimals), 'e');
     const auto mark = text.find('e');
-    const int power = std::atoi(text.c_str() + mark + 1);
+    int power = 0;
+    const std::size_t digits_at = mark + (text[mark + 1] == '+' ? 2 : 1);
+    std::from_chars(text.data() + digits_at, text.data() + text.size(), power);
     std::string mantissa = text.substr(0, mark);
     if (decimals < 0 && mantissa.find('.') != std::string::npos) {
         mantissa.erase(mantissa.find_last_not_of('0') + 1);
