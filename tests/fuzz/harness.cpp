@@ -50,6 +50,11 @@ int replay(const Target& target) {
     return taken;
 }
 
+void require_seeds(const Target& target) {
+    FUZZ_CHECK(!corpus(target).empty());
+    FUZZ_CHECK(replay(target) > 0);
+}
+
 const fs::path& own_folder() {
     static const TemporaryFolder folder;
     return folder.path();

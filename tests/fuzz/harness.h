@@ -34,6 +34,9 @@ std::string content(const std::filesystem::path& file);
 
 /// Replays a target's corpus. The number of inputs that its reader took.
 int replay(const Target& target);
+/// Ends the process where a target has no seeds, or its reader takes none of them: mutations of
+/// what is refused at its first line test nothing.
+void require_seeds(const Target& target);
 
 /// Writes an input to a file of that name in a folder of this process, which lasts until its end,
 /// and gives its path.

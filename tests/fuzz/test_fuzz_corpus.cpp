@@ -27,6 +27,18 @@ TEST_P(FuzzCorpus, HoldsUpAgainstNothingAndEndlessRepetition) {
 INSTANTIATE_TEST_SUITE_P(Readers, FuzzCorpus, testing::ValuesIn(fuzz::targets()),
                          [](const auto& target) { return target.param.name; });
 
+TEST(FuzzTargetDeathTest, ATargetThatWouldTestNothingEndsAtItsStart) {
+    const auto refuses = [](std::string_view) { return false; };
+    const auto takes = [](std::string_view) { return true; };
+    EXPECT_DEATH(fuzz::require_seeds({"no_such_target", takes}), "corpus\\(target\\).empty");
+    EXPECT_DEATH(fuzz::require_seeds({"tips", refuses}), "replay\\(target\\) > 0");
+    fuzz::require_seeds({"tips", takes});
+}
+
+TEST(FuzzTargetDeathTest, APropertyThatDoesNotHoldEndsTheProcessWithItsPlace) {
+    EXPECT_DEATH(FUZZ_CHECK(fuzz::targets().empty()), "test_fuzz_corpus.cpp:.*targets");
+}
+
 TEST(FuzzCorpus, HasADictionaryAndSeedsForEachTargetAndForNothingElse) {
     namespace fs = std::filesystem;
     const fs::path corpus = QUOR_FUZZ_CORPUS;

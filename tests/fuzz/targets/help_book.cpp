@@ -13,7 +13,7 @@ bool read(std::string_view input) {
     const auto book = help::Book::load(fuzz::own_folder());
     if (!book) return false;
     for (const help::Entry& entry : book->contents()) {
-        FUZZ_CHECK(entry.depth >= 0);
+        FUZZ_CHECK(entry.depth >= 0 && entry.depth <= 16);
         book->search(entry.title);
     }
     for (int topic = 0; topic < 10; ++topic) {
