@@ -17,13 +17,13 @@ std::string to_text(const Chart3D& chart);
 
 /// Reads a text of `to_text`. The chart changes only on success. Refused are texts that are no JSON
 /// or another kind of file, a newer main version, more data than a chart holds, and fields of a
-/// wrong kind; the reason is a sentence. Unknown fields are passed over, missing ones keep their
-/// default.
+/// wrong kind or beyond their range; the reason is a sentence that names the field. Unknown fields
+/// are passed over, missing ones keep their default.
 Result<void> from_text(std::string_view text, Chart2D& chart);
 Result<void> from_text(std::string_view text, Chart3D& chart);
 
 /// Writes the chart to a file. The file appears whole or not at all: an older file of the name
-/// stays when the disk is full.
+/// stays when the disk is full. Refused is a chart that `load_chart` would not take.
 Result<void> save_chart(const Chart2D& chart, const std::filesystem::path& file);
 Result<void> save_chart(const Chart3D& chart, const std::filesystem::path& file);
 
