@@ -30,8 +30,7 @@ class Extent {
 };
 
 bool can_be_drawn(const Range& range, bool logarithmic) {
-    return std::isfinite(range.min) && std::isfinite(range.max) && range.min < range.max &&
-           (!logarithmic || range.min > 0);
+    return is_drawable(range.min, range.max, logarithmic);
 }
 
 Range shown_range(const Axis& axis, const std::optional<Range>& data) {
@@ -40,7 +39,7 @@ Range shown_range(const Axis& axis, const std::optional<Range>& data) {
     if (axis.logarithmic && !axis.automatic && std::isfinite(axis.max) && axis.max > 0) {
         // A logarithmic axis from 0 or below begins with the least value of the data instead.
         const double low = data && data->min < axis.max ? data->min : axis.max / 1000;
-        return {low, axis.max};
+        if (is_drawable(low, axis.max, true)) return {low, axis.max};
     }
     if (!data) return axis.logarithmic ? Range{0.1, 10} : Range{0, 1};
     const NiceWindow nice = make_nice_window(data->min, data->max, axis.logarithmic);

@@ -10,10 +10,6 @@ namespace quor::chart {
 
 namespace {
 
-bool can_be_drawn(double min, double max) {
-    return std::isfinite(min) && std::isfinite(max) && min < max;
-}
-
 std::optional<Range> extent_of_z(const SurfaceGrid& grid) {
     Range range{std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
     for (const float value : grid.z) {
@@ -26,10 +22,11 @@ std::optional<Range> extent_of_z(const SurfaceGrid& grid) {
 }
 
 Range shown_range(const Axis3D& axis, const std::optional<Range>& data, bool nice) {
-    if (!axis.automatic && can_be_drawn(axis.min, axis.max)) return {axis.min, axis.max};
+    if (!axis.automatic && is_drawable(axis.min, axis.max, false)) return {axis.min, axis.max};
     if (!data) return {0, 1};
-    if (!nice && data->min < data->max) return *data;
+    if (!nice && is_drawable(data->min, data->max, false)) return *data;
     const NiceWindow window = make_nice_window(data->min, data->max, false);
+    if (!is_drawable(window.min, window.max, false)) return {0, 1};
     return {window.min, window.max};
 }
 

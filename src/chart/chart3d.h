@@ -22,7 +22,7 @@ struct SurfaceGrid {
     /// cut exactly at that limit instead of at the last node.
     std::vector<float> z_behind_holes;
 
-    static constexpr int kMaxNodes = 1001;
+    static constexpr int kMaxNodes = 201;
 
     /// Sizes the grid and fills it with holes.
     void resize(int columns, int rows);

@@ -1,5 +1,8 @@
 #include "chart/chart_file.h"
 
+#include <set>
+#include <tuple>
+
 #include "chart/chart_json.h"
 #include "common/whole_file.h"
 
@@ -37,14 +40,14 @@ void describe(Io& io, Axis& a) {
     io.field("logarithmic", a.logarithmic);
     io.field("origin", a.origin);
     io.field("automaticOrigin", a.automatic_origin);
-    io.field("tickSpacing", a.tick_spacing);
-    io.field("gridSpacing", a.grid_spacing);
+    io.field("tickSpacing", a.tick_spacing, 0, kMaxNumber);
+    io.field("gridSpacing", a.grid_spacing, 0, kMaxNumber);
     io.field("decimals", a.decimals, -1, 15);
     io.field("shown", a.shown);
     io.field("title", a.title);
     io.field("titleFont", a.title_font);
     io.field("titleColour", a.title_colour);
-    io.field("titleRotation", a.title_rotation);
+    io.field("titleRotation", a.title_rotation, -360, 360);
     io.field("numberFont", a.number_font);
     io.field("colour", a.colour);
     io.field("gridShown", a.grid_shown);
@@ -79,7 +82,7 @@ void describe(Io& io, Label& l) {
     io.field("frame", l.frame);
     io.field("dx", l.dx, -10000, 10000);
     io.field("dy", l.dy, -10000, 10000);
-    io.field("rotation", l.rotation);
+    io.field("rotation", l.rotation, -360, 360);
     io.field("connector", l.connector);
     io.field("shown", l.shown);
 }
@@ -214,6 +217,54 @@ void describe(Io& io, Chart3D& c) {
     io.field("print", c.print);
 }
 
+namespace {
+
+/// What a chart holds altogether. A painting takes as long as there are points, texts and fonts to
+/// measure, however they are spread over the chart.
+class Census {
+  public:
+    void field(const char*, std::string& text) { text_ += text.size(); }
+    void field(const char*, std::vector<float>& values) { values_ += values.size(); }
+    void field(const char*, Font& font) {
+        fonts_.insert({font.family, std::lround(font.size), font.bold, font.italic});
+    }
+    template <class T>
+    void field(const char* name, T& value, double, double) {
+        field(name, value);
+    }
+    template <class T>
+    void field(const char* name, std::vector<T>& values) {
+        for (T& value : values) field(name, value);
+    }
+    template <class T>
+    void field(const char*, T& value) {
+        if constexpr (is_record<T>) describe(*this, value);
+    }
+
+    void check() const {
+        if (values_ > kMostValues)
+            throw BadField("The diagram has more than " + std::to_string(kMostValues / 2) +
+                           " points.");
+        if (text_ > kMostText)
+            throw BadField("The texts of the diagram are longer than " + std::to_string(kMostText) +
+                           " characters together.");
+        if (fonts_.size() > kMostFonts)
+            throw BadField("The diagram uses more than " + std::to_string(kMostFonts) +
+                           " different fonts.");
+    }
+
+  private:
+    static constexpr std::size_t kMostValues = 2000000, kMostText = 60000, kMostFonts = 60;
+    template <class T>
+    static constexpr bool is_record =
+        std::is_class_v<T> && !std::is_same_v<T, Colour> && !std::is_same_v<T, std::string>;
+
+    std::size_t text_ = 0, values_ = 0;
+    std::set<std::tuple<std::string, long, bool, bool>> fonts_;
+};
+
+}  // namespace
+
 }  // namespace files
 
 namespace {
@@ -221,6 +272,8 @@ namespace {
 using files::BadField;
 
 constexpr files::Format kFormat2D{"QUOR-6 2D diagram", 1, 0};
+constexpr std::size_t kMostMarkers = 20;  // each is looked for behind the whole surface
+
 constexpr files::Format kFormat3D{"QUOR-6 3D diagram", 1, 0};
 
 const files::Format& format_of(const Chart2D&) {
@@ -230,18 +283,46 @@ const files::Format& format_of(const Chart3D&) {
     return kFormat3D;
 }
 
+template <class Chart>
+void check_amount(Chart& chart) {
+    files::Census census;
+    files::describe(census, chart);
+    census.check();
+}
+
+/// A distance of ticks or grid lines must be one that numbers of the axis' window tell apart.
+void check_spacing(const Axis& axis, const char* name) {
+    constexpr double kFinest = 1e-12;  // of the window's limits
+    if (axis.automatic) return;
+    const double largest = std::max(std::abs(axis.min), std::abs(axis.max));
+    const auto check = [&](double spacing, const char* field) {
+        if (spacing > 0 && spacing < kFinest * largest)
+            throw BadField("\"" + std::string(name) + ", " + field +
+                           "\" is too small for the limits of its axis.");
+    };
+    check(axis.tick_spacing, "tickSpacing");
+    check(axis.grid_spacing, "gridSpacing");
+}
+
 void check_series(const std::vector<Series>& group) {
     for (const Series& series : group)
         if (series.x.size() != series.y.size())
             throw BadField("The file is damaged: a series has not as many x as y values.");
 }
 
-void check(const Chart2D& chart) {
+void check(Chart2D& chart) {
     check_series(chart.curves);
     check_series(chart.points);
+    check_spacing(chart.x, "x");
+    check_spacing(chart.y, "y");
+    check_spacing(chart.y2, "y2");
+    check_amount(chart);
 }
 
-void check(const Chart3D& chart) {
+void check(Chart3D& chart) {
+    check_amount(chart);
+    if (chart.markers.size() > kMostMarkers)
+        throw BadField("The diagram has more than " + std::to_string(kMostMarkers) + " markers.");
     const SurfaceGrid& grid = chart.surface;
     const bool sized = grid.nx >= 0 && grid.ny >= 0 && grid.nx <= SurfaceGrid::kMaxNodes &&
                        grid.ny <= SurfaceGrid::kMaxNodes;
@@ -295,6 +376,16 @@ Result<void> load(const std::filesystem::path& file, Chart& chart) {
     return guarded([&] { read_text(files::read_whole(file), chart); }, file);
 }
 
+/// A file that could not be read again would lose what is in it.
+template <class Chart>
+Result<std::string> readable(const Chart& chart) {
+    std::string text = text_of(chart);
+    Chart again;
+    if (const Result<void> read = guarded([&] { read_text(text, again); }); !read)
+        return Failure{"The diagram cannot be saved as a file. " + read.reason()};
+    return text;
+}
+
 }  // namespace
 
 std::string to_text(const Chart2D& chart) {
@@ -309,6 +400,13 @@ Result<void> from_text(std::string_view text, Chart2D& chart) {
 }
 Result<void> from_text(std::string_view text, Chart3D& chart) {
     return guarded([&] { read_text(text, chart); });
+}
+
+Result<std::string> file_text(const Chart2D& chart) {
+    return readable(chart);
+}
+Result<std::string> file_text(const Chart3D& chart) {
+    return readable(chart);
 }
 
 Result<void> load_chart(const std::filesystem::path& file, Chart2D& chart) {

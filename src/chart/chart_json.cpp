@@ -56,7 +56,12 @@ std::string document(const Format& format, Json content) {
     const Json document{{"format", format.mark},
                         {"version", {{"major", format.major}, {"minor", format.minor}}},
                         {"chart", std::move(content)}};
-    return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+    const auto text = [&](int indent) {
+        return document.dump(indent, ' ', false, Json::error_handler_t::replace) + "\n";
+    };
+    std::string readable = text(1);
+    // One of very many points keeps to the size of files only without a line for each.
+    return readable.size() > kMaxBytes ? text(-1) : readable;
 }
 
 Json content_of(const Format& format, std::string_view text) {

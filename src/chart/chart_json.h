@@ -22,9 +22,10 @@ namespace quor::chart::files {
 
 using Json = nlohmann::json;
 
-inline constexpr std::size_t kMaxText = 20000;
-inline constexpr std::size_t kMaxList = 4000;       ///< series, labels, markers
+inline constexpr std::size_t kMaxText = 4000;       ///< bytes of one text
+inline constexpr std::size_t kMaxList = 4000;       ///< series, labels
 inline constexpr std::size_t kMaxValues = 2000000;  ///< numbers of a series or a grid
+inline constexpr double kMaxNumber = 3.4e38;        ///< size of a number: that of a float
 
 /// What is wrong with a file; its text goes to the user.
 class BadField : public std::runtime_error {
@@ -67,7 +68,7 @@ class JsonWriter {
 
     void field(const char* name, bool& value) { json_[name] = value; }
     void field(const char* name, int& value) { json_[name] = value; }
-    void field(const char* name, double& value) { json_[name] = std::isfinite(value) ? value : 0; }
+    void field(const char* name, double& value) { json_[name] = holdable(value); }
     void field(const char* name, float& value) {
         json_[name] = std::isfinite(value) ? few_digits(value) : 0;
     }
@@ -81,10 +82,12 @@ class JsonWriter {
             list.push_back(is_shown(value) ? Json(few_digits(value)) : Json());
         json_[name] = std::move(list);
     }
-    /// A number with limits; they act when it is read.
+    /// A number with limits. One beyond them is drawn at them, and so it is written.
     template <class T>
-    void field(const char* name, T& value, double, double) {
-        field(name, value);
+    void field(const char* name, T& value, double low, double high) {
+        const auto number = static_cast<double>(value);
+        T within = static_cast<T>(std::isfinite(number) ? std::clamp(number, low, high) : low);
+        field(name, within);
     }
     template <class T>
     void field(const char* name, T& value) {
@@ -108,6 +111,10 @@ class JsonWriter {
     }
 
   private:
+    static double holdable(double value) {
+        return std::isfinite(value) ? std::clamp(value, -kMaxNumber, kMaxNumber) : 0;
+    }
+
     Json json_ = Json::object();
 };
 
@@ -176,11 +183,16 @@ class JsonReader {
         values.reserve(j->size());
         for (const Json& item : *j) values.push_back(item.is_null() ? kHole : single(name, item));
     }
-    /// A number beyond its limits is drawn at them.
+    /// A number with limits, which no file of the program exceeds.
     template <class T>
     void field(const char* name, T& value, double low, double high) {
         field(name, value);
-        value = static_cast<T>(std::clamp(static_cast<double>(value), low, high));
+        const auto number = static_cast<double>(value);
+        // A float may be rounded a little over the limit that was written.
+        constexpr double kSlack = 1e-6;
+        if (!(number >= low - kSlack * std::abs(low) && number <= high + kSlack * std::abs(high)))
+            bad(name, ("a number from " + text_of(low) + " to " + text_of(high)).c_str());
+        value = static_cast<T>(std::clamp(number, low, high));
     }
     template <class T>
     void field(const char* name, T& value) {
@@ -221,13 +233,16 @@ class JsonReader {
     double finite(const char* name, const Json& j) const {
         if (!j.is_number()) bad(name, "a number");
         const double number = j.get<double>();
-        if (!std::isfinite(number)) bad(name, "a number");
+        if (!(std::abs(number) <= kMaxNumber)) bad(name, "a number of a size that a chart holds");
         return number;
     }
+    static std::string text_of(double limit) {
+        std::array<char, 40> buffer{};
+        return {buffer.data(),
+                std::to_chars(buffer.data(), buffer.data() + buffer.size(), limit).ptr};
+    }
     float single(const char* name, const Json& j) const {
-        const double number = finite(name, j);
-        if (std::abs(number) > 3.4e38) bad(name, "a number of a size that a chart holds");
-        return static_cast<float>(number);
+        return static_cast<float>(finite(name, j));
     }
 
     const Json& json_;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "chart/picture_work.h"
+
 namespace quor::chart {
 
 namespace {
@@ -36,6 +38,7 @@ class PictureMaker {
         add_texts();
         add_labels();
         add_legend();
+        add_remark();
         return std::move(picture_);
     }
 
@@ -100,23 +103,38 @@ class PictureMaker {
         level(sheet().y.grid, chart_.y.grid);
     }
 
+    /// Of more points than can be looked at in time every how many-th is.
+    std::size_t every() const {
+        std::size_t points = 0;
+        for (const Group group : kGroups)
+            for (const Series& series : series_of(chart_, group))
+                if (series.visible) points += std::min(series.x.size(), series.y.size());
+        return points / work::kMostPoints + 1;
+    }
+
     void add_lines() {
+        const std::size_t step = every();
+        std::vector<PictureLine> lines;
         for (const Group group : kGroups)
             for (const Series& series : series_of(chart_, group)) {
                 if (!series.visible || series.line.pattern == LinePattern::None) continue;
-                for (auto& piece : visible_lines(chart_, series, sheet().plot))
-                    line(std::move(piece), series.line);
+                for (auto& piece : visible_lines(chart_, series, sheet().plot, pixels_, step)) {
+                    work::straighten(piece);
+                    lines.push_back({std::move(piece), series.line, false});
+                }
             }
+        coarse_ = work::lighten(lines) || (step > 1 && !lines.empty());
+        for (PictureLine& one : lines) picture_.items.emplace_back(std::move(one));
     }
 
     /// The places of a series' points in the plot area.
-    std::vector<SheetPoint> places_of(const Series& series) const {
+    std::vector<SheetPoint> places_of(const Series& series, std::size_t step) const {
         constexpr double kSlack = 0.5;  // a point on the frame is drawn whole
         const SheetRect& p = sheet().plot;
         const SheetRect area{p.left - kSlack, p.top - kSlack, p.width + 2 * kSlack,
                              p.height + 2 * kSlack};
         std::vector<SheetPoint> places;
-        for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
+        for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); i += step) {
             if (!is_shown(series.x[i]) || !is_shown(series.y[i])) continue;
             const SheetPoint at{pixels_.x(static_cast<double>(series.x[i])),
                                 pixels_.y(static_cast<double>(series.y[i]))};
@@ -126,10 +144,19 @@ class PictureMaker {
     }
 
     void add_symbols() {
+        const std::size_t step = every();
+        std::vector<PictureSymbols> all;
         for (const Group group : kGroups)
-            for (const Series& series : series_of(chart_, group))
-                if (series.visible && shown_symbol(series, group) != SymbolShape::Hidden)
-                    symbols(places_of(series), series, group);
+            for (const Series& series : series_of(chart_, group)) {
+                const SymbolShape shape = shown_symbol(series, group);
+                if (!series.visible || shape == SymbolShape::Hidden) continue;
+                auto places = places_of(series, step);
+                if (!places.empty())
+                    all.push_back(
+                        {std::move(places), shape, series.symbol_size, series.symbol_colour});
+            }
+        work::lighten(all);
+        for (PictureSymbols& one : all) picture_.items.emplace_back(std::move(one));
     }
 
     static LineStyle axis_style(const Axis& axis) {
@@ -205,8 +232,15 @@ class PictureMaker {
     }
 
     void add_labels() {
+        double time = 0;
         for (const SheetLabel& place : sheet().labels) {
             const Label& label = chart_.labels[static_cast<std::size_t>(place.label)];
+            constexpr double kBox = 20;
+            time += kBox + work::time_of(label.text, label.font, label.rotation);
+            if (time > work::kTextTime) {
+                coarse_ = true;
+                return;
+            }
             const SheetPoint centre{place.text.x, place.text.y};
             if (label.connector)
                 line({{place.place_x, place.place_y}, centre},
@@ -220,9 +254,20 @@ class PictureMaker {
         if (sheet().legend_lines.empty()) return;
         const Legend& legend = chart_.legend;
         box(sheet().legend, legend.background, legend.frame);
+        double time = 0;
         for (const LegendLine& entry : sheet().legend_lines) {
             const auto index = static_cast<std::size_t>(entry.series.index);
             const Series& series = series_of(chart_, entry.series.group)[index];
+            const double reach = static_cast<double>(series.symbol_size);
+            if (entry.y < -reach || entry.y > sheet().sheet.height + reach ||
+                entry.sample_left > sheet().sheet.width)
+                continue;
+            constexpr double kSample = 20;
+            time += kSample + reach + work::time_of(series.legend, legend.font, 0);
+            if (time > work::kTextTime) {
+                coarse_ = true;
+                return;
+            }
             const double right = entry.sample_left + Sheet2D::kSampleWidth;
             line({{entry.sample_left, entry.y}, {right, entry.y}}, series.line);
             symbols({{(entry.sample_left + right) / 2, entry.y}}, series, entry.series.group);
@@ -232,17 +277,28 @@ class PictureMaker {
         }
     }
 
+    /// What is missing is said: a picture must not pretend to show all.
+    void add_remark() {
+        if (!coarse_) return;
+        const Font font{{}, 8, false, true};
+        const std::string remark = "not every point, or not every text, is drawn";
+        const TextSize size = measure_(remark, font);
+        text({size.width / 2 + 2, sheet().sheet.height - size.height / 2 - 1}, remark, font, kInk);
+    }
+
     const Chart2D& chart_;
     const MeasureText& measure_;
     SheetScale pixels_;
     Picture2D picture_;
+    bool coarse_ = false;  // the chart holds more than is drawn
 };
 
 }  // namespace
 
 Picture2D picture_of(const Chart2D& chart, double width, double height,
                      const MeasureText& measure) {
-    return PictureMaker(chart, lay_out(chart, width, height, measure), measure).make();
+    const MeasureText once = measured_once(measure);
+    return PictureMaker(chart, lay_out(chart, width, height, once), once).make();
 }
 
 }  // namespace quor::chart

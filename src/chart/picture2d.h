@@ -49,7 +49,9 @@ struct Picture2D {
     std::vector<PictureItem> items;  ///< in the order of painting
 };
 
-/// Lays the chart out once; screen, paper and files paint the same picture.
+/// Lays the chart out once; screen, paper and files paint the same picture. It is painted within a
+/// tenth of a second, whatever the chart holds: where that is too much, lines become fine, symbols
+/// that cover each other are left out, and at last points and texts, which a remark says.
 Picture2D picture_of(const Chart2D& chart, double width, double height, const MeasureText& measure);
 
 }  // namespace quor::chart

@@ -54,6 +54,11 @@ class Drawing {
   public:
     Drawing(const Chart2D& chart, double width, double height)
         : scale_(chart), width_(width), height_(height) {
+        constexpr std::size_t kMost = 100000;  // points that a free place is found among
+        std::size_t points = 0;
+        for (const Group group : {Group::Curves, Group::Points})
+            for (const Series& series : series_of(chart, group)) points += series.x.size();
+        every_ = points / kMost + 1;
         for (const Group group : {Group::Curves, Group::Points})
             for (const Series& series : series_of(chart, group)) add(series, group);
         for (const Label& label : chart.labels) add(chart, label);
@@ -85,7 +90,7 @@ class Drawing {
         const bool line = series.line.pattern != LinePattern::None;
         const bool symbols = shown_symbol(series, group) != SymbolShape::Hidden;
         std::optional<Pixel> last;
-        for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
+        for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); i += every_) {
             std::optional<Pixel> p;
             if (is_shown(series.x[i]) && is_shown(series.y[i])) p = place(series.x[i], series.y[i]);
             if (p && symbols) marks_.push_back(*p);
@@ -102,6 +107,7 @@ class Drawing {
 
     WindowScale scale_;
     double width_, height_;
+    std::size_t every_ = 1;  // of very many points
     std::vector<std::array<Pixel, 2>> pieces_;
     std::vector<Pixel> marks_;
 };

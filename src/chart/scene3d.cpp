@@ -35,6 +35,12 @@ std::string level_text(const Chart3D& chart, const Box3D& box, double level) {
 }  // namespace
 
 void Pen::add(std::span<const Point2> corners, SceneShape shape) {
+    // What lies behind the viewer, or has no place at all, cannot be painted.
+    constexpr double kFarthest = 1e7;
+    const auto has_place = [](const Point2& p) {
+        return std::abs(p.x) <= kFarthest && std::abs(p.y) <= kFarthest;
+    };
+    if (!std::all_of(corners.begin(), corners.end(), has_place)) return;
     shape.first = static_cast<std::uint32_t>(scene_.points.size());
     shape.count = static_cast<std::uint32_t>(corners.size());
     scene_.points.insert(scene_.points.end(), corners.begin(), corners.end());
@@ -62,7 +68,8 @@ void Pen::line(std::span<const Point2> corners, const LineStyle& style, bool sur
 
 void Pen::text(Point2 centre, const std::string& text, const Font& font, Colour colour,
                double rotation) {
-    if (!text.empty()) scene_.texts.push_back({centre, text, font, colour, rotation});
+    const bool has_place = std::isfinite(centre.x) && std::isfinite(centre.y);
+    if (!text.empty() && has_place) scene_.texts.push_back({centre, text, font, colour, rotation});
 }
 
 double scale_width(const Chart3D& chart, const Box3D& box, const std::vector<double>& levels,
@@ -136,9 +143,9 @@ void paint_markers(const Context& c, Pen& pen) {
         if (!marker.shown) continue;
         const Point3 at = c.surface.to_box(marker.x, marker.y, marker.z);
         const double limit = 1 + 1e-6;
-        if (std::abs(at.x) > limit || std::abs(at.y) > limit ||
-            std::abs(at.z) > c.surface.height() * limit)
-            continue;
+        const bool inside = std::abs(at.x) <= limit && std::abs(at.y) <= limit &&
+                            std::abs(at.z) <= c.surface.height() * limit;
+        if (!inside) continue;
         const Point2 pixel = c.layout.camera.project(at);
         // A marker lies on the surface, though not between nodes where that is sharply bent, so
         // that only what is clearly nearer hides it.
@@ -237,12 +244,17 @@ Layout3D make_layout(const Chart3D& chart, double width, double height,
     return {box, Camera(view, scale * view.zoom, centre), std::move(levels), right, top, bottom};
 }
 
-Scene3D build_scene(const Chart3D& chart, double width, double height, const MeasureText& measure) {
-    const Layout3D layout = make_layout(chart, width, height, measure);
+namespace {
+
+bool has_flat_parts(const SurfaceStyle& style) {
+    return style.projection_2d || style.ceiling_contours || style.ceiling_zones ||
+           style.floor_contours || style.floor_zones;
+}
+
+Scene3D scene_of(const Chart3D& chart, const Layout3D& layout, double width, double height,
+                 const MeasureText& measure) {
     const SurfaceStyle& style = chart.style;
-    const bool cells = style.zoned || style.contoured;
-    const bool flat = style.projection_2d || style.ceiling_contours || style.ceiling_zones ||
-                      style.floor_contours || style.floor_zones;
+    const bool cells = style.zoned || style.contoured, flat = has_flat_parts(style);
     const SurfaceView surface(chart, layout.box, layout.camera,
                               cells ? layout.levels : std::vector<double>{});
     const SurfaceView levelled(chart, layout.box, layout.camera,
@@ -264,6 +276,95 @@ Scene3D build_scene(const Chart3D& chart, double width, double height, const Mea
     scene::paint_scale(body, pen);
     scene::paint_captions(body, pen);
     return result;
+}
+
+/// The surface by every `every`-th node of its grid.
+Chart3D coarser(const Chart3D& chart, int every) {
+    const SurfaceGrid& from = chart.surface;
+    Chart3D result = chart;
+    SurfaceGrid& to = result.surface;
+    to.resize((from.nx - 1) / every + 1, (from.ny - 1) / every + 1);
+    to.dx *= every;
+    to.dy *= every;
+    if (!from.z_behind_holes.empty()) to.z_behind_holes = to.z;
+    for (int i = 0; i < to.nx; ++i)
+        for (int j = 0; j < to.ny; ++j) {
+            const std::size_t at = from.at(i * every, j * every);
+            to.z[to.at(i, j)] = from.z[at];
+            if (!from.z_behind_holes.empty())
+                to.z_behind_holes[to.at(i, j)] = from.z_behind_holes[at];
+        }
+    return result;
+}
+
+/// About how many shapes a surface has: a cell is cut at every level that runs through it.
+double shapes_of(const Chart3D& chart, const std::vector<double>& levels) {
+    const SurfaceGrid& grid = chart.surface;
+    if (!grid.is_complete()) return 0;
+    const SurfaceStyle& s = chart.style;
+    const auto parts = [](std::initializer_list<bool> wanted) {
+        return static_cast<double>(std::count(wanted.begin(), wanted.end(), true));
+    };
+    const double cut = parts({s.zoned, s.contoured, s.ceiling_zones, s.ceiling_contours,
+                              s.floor_zones, s.floor_contours, s.projection_2d});
+    double shapes = 0;
+    for (int i = 0; i + 1 < grid.nx; ++i)
+        for (int j = 0; j + 1 < grid.ny; ++j) {
+            const auto [low, high] =
+                std::minmax({grid.z[grid.at(i, j)], grid.z[grid.at(i + 1, j)],
+                             grid.z[grid.at(i, j + 1)], grid.z[grid.at(i + 1, j + 1)]});
+            const auto first = std::upper_bound(levels.begin(), levels.end(), low);
+            const auto last = std::upper_bound(first, levels.end(), high);
+            shapes += 2 + cut * static_cast<double>(last - first);
+        }
+    return shapes;
+}
+
+/// The time in microseconds that painting a scene takes, about: of each shape, and of what it
+/// covers of the sheet.
+double time_of(const Scene3D& scene, double width, double height) {
+    constexpr double kShape = 0.6, kPixel = 0.001;
+    double time = 0;
+    for (const SceneShape& shape : scene.shapes) {
+        double left = width, right = 0, top = height, bottom = 0;
+        for (std::uint32_t k = 0; k < shape.count; ++k) {
+            const Point2& p = scene.points[shape.first + k];
+            left = std::min(left, p.x);
+            right = std::max(right, p.x);
+            top = std::min(top, p.y);
+            bottom = std::max(bottom, p.y);
+        }
+        const double w = std::min(right, width) - std::max(left, 0.0);
+        const double h = std::min(bottom, height) - std::max(top, 0.0);
+        time += kShape + (w > 0 && h > 0 ? kPixel * w * h : 0);
+    }
+    return time;
+}
+
+}  // namespace
+
+Scene3D build_scene(const Chart3D& chart, double width, double height, const MeasureText& measure) {
+    constexpr double kMostShapes = 120000, kMostTime = 90000;
+    constexpr int kCoarsest = 32;
+    const MeasureText once = measured_once(measure);
+    const Layout3D layout = make_layout(chart, width, height, once);
+    for (int every = 1; every < kCoarsest; every *= 2) {
+        const Chart3D coarse = every > 1 ? coarser(chart, every) : Chart3D();
+        const Chart3D& drawn = every > 1 ? coarse : chart;
+        if (shapes_of(drawn, layout.levels) > kMostShapes) continue;
+        Scene3D scene = scene_of(drawn, layout, width, height, once);
+        if (time_of(scene, width, height) > kMostTime) continue;
+        if (every == 1) return scene;
+        // What is missing is said: a picture must not pretend to show all.
+        const Font font{{}, 8, false, true};
+        const std::string remark =
+            "drawn with one of " + std::to_string(every) + " lines of the mesh";
+        const TextSize size = once(remark, font);
+        scene.texts.push_back(
+            {{size.width / 2 + 2, height - size.height / 2 - 1}, remark, font, kInk, 0});
+        return scene;
+    }
+    return scene_of(coarser(chart, kCoarsest), layout, width, height, once);
 }
 
 std::optional<PickedPlace> pick_surface(const Chart3D& chart, double width, double height,

@@ -56,7 +56,9 @@ struct Layout3D {
 };
 Layout3D make_layout(const Chart3D& chart, double width, double height, const MeasureText& measure);
 
-/// The picture of a chart on a sheet of `width` x `height` pixels of 1/96 inch.
+/// The picture of a chart on a sheet of `width` x `height` pixels of 1/96 inch. Of a surface that
+/// would take longer than a tenth of a second to paint, such as one that rises and falls through
+/// all its sections at every node, a coarser mesh is drawn, which a remark says.
 Scene3D build_scene(const Chart3D& chart, double width, double height, const MeasureText& measure);
 
 /// x, y and z of the surface at a pixel of that picture.

@@ -184,12 +184,19 @@ class LayoutMaker {
         return sheet_.plot.bottom() - scale_.v(y) * sheet_.plot.height;
     }
 
-    static void make_grid(const Axis& axis, const Range& range, SheetAxis& out) {
+    /// Grid lines closer than this are one grey area, and follow the ticks instead.
+    static constexpr double kLeastGrid = 4;
+
+    static void make_grid(const Axis& axis, const Range& range, double length, SheetAxis& out) {
         if (!axis.grid_shown) return;
+        const auto fits = [&](const std::vector<double>& lines) {
+            return static_cast<double>(lines.size()) * kLeastGrid <= length;
+        };
         if (axis.grid_spacing > 0) out.grid = multiples(range.min, range.max, axis.grid_spacing);
-        if (!out.grid.empty()) return;
+        if (!out.grid.empty() && fits(out.grid)) return;
+        out.grid.clear();
         for (const Tick& tick : out.ticks.major) out.grid.push_back(tick.value);
-        if (axis.logarithmic) out.fine_grid = out.ticks.minor;
+        if (axis.logarithmic && fits(out.ticks.minor)) out.fine_grid = out.ticks.minor;
     }
 
     /// Inside the plot area the other axis would run through the number at the crossing.
@@ -202,8 +209,8 @@ class LayoutMaker {
 
     void place_axes() {
         const SheetRect& p = sheet_.plot;
-        make_grid(chart_.x, sheet_.window.x, sheet_.x);
-        make_grid(chart_.y, sheet_.window.y, sheet_.y);
+        make_grid(chart_.x, sheet_.window.x, p.width, sheet_.x);
+        make_grid(chart_.y, sheet_.window.y, p.height, sheet_.y);
         sheet_.x.line = p.bottom() - x_axis_inside();
         sheet_.y.line = p.left + y_axis_inside();
         sheet_.y2.line = p.right();
@@ -458,7 +465,12 @@ class LineCutter {
 
 std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const Series& series,
                                                    const SheetRect& plot) {
-    const SheetScale scale(chart, plot);
+    return visible_lines(chart, series, plot, SheetScale(chart, plot), 1);
+}
+
+std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const Series& series,
+                                                   const SheetRect& plot, const SheetScale& scale,
+                                                   std::size_t every) {
     const Window& window = scale.window().window();
     const auto on_axis = [&](float value, const Axis& axis, const Range& range) -> double {
         // Far enough below the window that a line to it leaves at its edge.
@@ -467,6 +479,8 @@ std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const S
     };
     LineCutter cutter(plot);
     for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
+        // Holes count wherever they stand.
+        if (i % every != 0 && is_shown(series.x[i]) && is_shown(series.y[i])) continue;
         const SheetPoint here{scale.x(on_axis(series.x[i], chart.x, window.x)),
                               scale.y(on_axis(series.y[i], chart.y, window.y))};
         if (is_shown(series.x[i]) && is_shown(series.y[i]) && std::isfinite(here.x) &&

@@ -102,6 +102,11 @@ class SheetScale {
 std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const Series& series,
                                                    const SheetRect& plot);
 
+/// The same with the scale of that plot area at hand, by every `every`-th point of the series.
+std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const Series& series,
+                                                   const SheetRect& plot, const SheetScale& scale,
+                                                   std::size_t every);
+
 /// Puts the label of a curve beside it at `fraction` (0..1) along the part of the curve in the
 /// window; a negative fraction takes the place that hides least. Returns false and changes
 /// nothing when the curve is not in the window.

@@ -1,6 +1,9 @@
 #include "chart/text_measure.h"
 
 #include <algorithm>
+#include <map>
+#include <memory>
+#include <tuple>
 
 namespace quor::chart {
 
@@ -23,6 +26,16 @@ bool is_whole_number(std::string_view s) {
 }
 
 }  // namespace
+
+MeasureText measured_once(const MeasureText& measure) {
+    using Key = std::tuple<std::string, std::string, float, bool, bool>;
+    auto known = std::make_shared<std::map<Key, TextSize>>();
+    return [known, measure](const std::string& text, const Font& font) {
+        const Key key{text, font.family, font.size, font.bold, font.italic};
+        const auto it = known->find(key);
+        return it != known->end() ? it->second : (*known)[key] = measure(text, font);
+    };
+}
 
 std::optional<PowerText> as_power(const std::string& text) {
     const auto mark = text.find('e');

@@ -16,6 +16,10 @@ struct TextSize {
 /// Measures texts; the views supply it, so that layouts need no window.
 using MeasureText = std::function<TextSize(const std::string&, const Font&)>;
 
+/// The same measure, which measures each text once; for one layout, in which many are asked for
+/// again and again.
+MeasureText measured_once(const MeasureText& measure);
+
 /// A number in power form, "-2.5e6": drawn as mantissa, a dot, ten and a raised exponent.
 struct PowerText {
     std::string mantissa;  ///< empty for 1, of which only the power is drawn

@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 
 #include "common/numbers.h"
 
@@ -16,6 +15,7 @@ constexpr std::size_t kFewestNumbers = 3;
 constexpr int kMaxTicks = 200;
 constexpr std::size_t kMaxMultiples = 2000;
 constexpr int kMaxDecimals = 15;
+constexpr double kMostIndex = 4503599627370496;  // 2^52: further whole numbers step by more than 1
 
 /// Next of 1, 2, 5 times a power of ten above `step`.
 double next_step(double step) {
@@ -49,7 +49,9 @@ std::string power_text(double value, double step, int decimals) {
     const int digits = decimals >= 0 ? decimals : decimals_of(step / std::pow(10.0, exponent));
     std::string text = printed(value, std::min(digits, kMaxDecimals), 'e');
     const auto mark = text.find('e');
-    const int power = std::atoi(text.c_str() + mark + 1);
+    int power = 0;
+    const std::size_t digits_at = mark + (text[mark + 1] == '+' ? 2 : 1);
+    std::from_chars(text.data() + digits_at, text.data() + text.size(), power);
     std::string mantissa = text.substr(0, mark);
     if (decimals < 0 && mantissa.find('.') != std::string::npos) {
         mantissa.erase(mantissa.find_last_not_of('0') + 1);
@@ -220,11 +222,15 @@ Ticks make_logarithmic(const TickRequest& r) {
 }
 
 bool usable(const TickRequest& r) {
-    return std::isfinite(r.min) && std::isfinite(r.max) && r.min < r.max && r.length > 0 &&
-           (!r.logarithmic || r.min > 0);
+    return is_drawable(r.min, r.max, r.logarithmic) && r.length > 0 && std::isfinite(r.length);
 }
 
 }  // namespace
+
+bool is_drawable(double min, double max, bool logarithmic) {
+    if (!(min < max)) return false;
+    return logarithmic ? min > 0 && std::isfinite(max / min) : std::isfinite(max - min);
+}
 
 Ticks make_ticks(const TickRequest& request) {
     if (!usable(request)) return {};
@@ -243,6 +249,8 @@ std::vector<double> multiples(double min, double max, double step) {
     std::vector<double> values;
     if (!(step > 0) || !(min < max)) return values;
     const double first = std::ceil(min / step - 1e-6), last = std::floor(max / step + 1e-6);
+    // Beyond the whole numbers that doubles tell apart the next index is the same one for ever.
+    if (!(std::abs(first) <= kMostIndex && std::abs(last) <= kMostIndex)) return values;
     if (!(last - first < static_cast<double>(kMaxMultiples))) return values;
     for (double index = first; index <= last; ++index)
         values.push_back(index == 0 ? 0.0 : index * step);

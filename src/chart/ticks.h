@@ -15,7 +15,7 @@ struct Tick {
 
 /// What the ticks of one axis are made from.
 struct TickRequest {
-    double min = 0, max = 1;  ///< the window; min < max, both above 0 for a logarithmic axis
+    double min = 0, max = 1;  ///< the window; as `is_drawable` tells; others have no ticks
     bool logarithmic = false;
     double spacing = 0;    ///< wanted distance of ticks, 0 automatic
     int decimals = -1;     ///< digits behind the decimal mark, -1 automatic
@@ -30,6 +30,10 @@ struct Ticks {
     std::vector<double> minor;  ///< between them, without numbers
 };
 
+/// True for a window in which values have a place: finite limits in their order whose distance is
+/// finite, on a logarithmic axis both above 0 and with a finite ratio.
+bool is_drawable(double min, double max, bool logarithmic);
+
 /// Ticks at multiples of 1, 2 or 5 times a power of ten, or of the wanted spacing; on a
 /// logarithmic axis over more than a decade at powers of ten. Never more than some hundred: a
 /// spacing too small for the window falls back to the automatic one.
@@ -39,7 +43,8 @@ Ticks make_ticks(const TickRequest& request);
 double nice_step(double rough);
 
 /// Multiples of `step` in the window, those within a millionth of a step of its ends included;
-/// empty when they were more than 2000.
+/// empty when they were more than 2000, or when the window is so narrow, or the step so small, that
+/// doubles cannot tell them apart.
 std::vector<double> multiples(double min, double max, double step);
 
 /// The number of an axis: `decimals` digits, or as many as multiples of `step` need when it is

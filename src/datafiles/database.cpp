@@ -68,7 +68,9 @@ std::optional<std::size_t> value_at(const Map& map, const Key& key) {
 
 class Database::File {
   public:
-    explicit File(const fs::path& path) : handle_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    /// Opened without waiting: a pipe that stands in the place of a file has no end.
+    explicit File(const fs::path& path)
+        : handle_(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
     ~File() {
         if (handle_ >= 0) ::close(handle_);
     }
@@ -158,8 +160,12 @@ Result<SubstanceFileRecord> Database::record(std::size_t place) const {
                              path_.filename().string()};
     if (place >= size() || !file_) return unreadable;
     // The first record is the header.
-    const std::optional<SubstanceFileRecord> record = read_record(*file_, place + 2);
-    return record ? Result<SubstanceFileRecord>(*record) : unreadable;
+    RecordBytes bytes{};
+    if (!file_->read((place + 1) * kRecordSize, bytes)) return unreadable;
+    if (entry_of(bytes, english_) != entries()[place])
+        return Failure{"The database " + path_.filename().string() +
+                       " has been changed by another program.\nOpen it again."};
+    return decode_record(bytes);
 }
 
 Result<LoadedSubstance> Database::read(std::size_t place, float former_entropy) const {

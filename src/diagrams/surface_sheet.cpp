@@ -176,7 +176,7 @@ std::optional<std::string> save_oc3(const SurfaceSheet& sheet, const std::string
                     .name = proposed,
                     .default_extension = kExtension,
                     .overwrite_prompt = true},
-         .content = [&sheet](const std::string&) { return chart::to_text(sheet.chart); },
+         .content = [&sheet](const std::string&) { return chart::file_text(sheet.chart); },
          .failure_title = "ERROR"});
 }
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <optional>
-#include <sstream>
 #include <vector>
 
 #include "common/numbers.h"
@@ -81,16 +80,15 @@ std::string parameter_request_text(const SubstanceRecord& substance, VapourPress
     density.push_back(substance.rhoL_T_low);
     density.push_back(substance.rhoL_T_high);
 
-    std::ostringstream out;
-    out << (form == Eos::jiTorvik1 ? 10 : 11) << "\r\n"
-        << text::trim_right(substance.casrn) << "\r\n"
-        << kind.kind << ", 1, " << kind.flag << "\r\n"
-        << joined({static_cast<double>(substance.M), static_cast<double>(substance.rhoL_Tc),
-                   substance.Tcrit, substance.pcrit, substance.rhocrit, substance.omega})
-        << "\r\n"
-        << joined(density) << "\r\n"
-        << joined(equation_values(substance, vp)) << "\r\n";
-    return out.str();
+    std::string all;
+    for (const std::string& line :
+         {std::string(form == Eos::jiTorvik1 ? "10" : "11"), text::trim_right(substance.casrn),
+          std::to_string(kind.kind) + ", 1, " + std::to_string(kind.flag),
+          joined({static_cast<double>(substance.M), static_cast<double>(substance.rhoL_Tc),
+                  substance.Tcrit, substance.pcrit, substance.rhocrit, substance.omega}),
+          joined(density), joined(equation_values(substance, vp))})
+        all += line + "\r\n";
+    return all;
 }
 
 namespace {

@@ -217,8 +217,7 @@ bool take_substance(Session& session, std::int16_t index) {
 
     const Result<SubstanceRead> read = read_substance(session, index);
     if (!read) {
-        dialogs::tell("The substance could not be read from the database " + session->database_file,
-                      dialogs::kNotPossible, dialogs::Icon::Stop);
+        dialogs::tell(read.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return false;
     }
     now->substance_number = index;

@@ -27,9 +27,10 @@ using constants::R;
 
 namespace {
 
+/// What the C library has printed with the mark of its own locale.
 std::string localised(std::string s) {
     for (char& c : s)
-        if (c == '.') c = numbers::decimal_mark();
+        if (c == '.' || c == ',') c = numbers::decimal_mark();
     return s;
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -283,7 +284,9 @@ TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
         char buffer[32];
         std::snprintf(buffer, sizeof buffer, "%.7G",
                       static_cast<double>(static_cast<float>(value)));
-        return std::string(buffer);
+        std::string text(buffer);
+        std::replace(text.begin(), text.end(), ',', '.');  // of a locale with a decimal comma
+        return text;
     };
     calculate(3, 300, 100);
     EXPECT_EQ(rows[7], "300;100;" + general(session->results.current.numbers[9]) + ";");

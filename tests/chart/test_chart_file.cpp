@@ -264,14 +264,87 @@ TEST_F(ChartFile, GridsWithoutTheirValuesAreRefused) {
     expectRefused(with(R"({"nx": 2, "ny": 2, "dx": 0, "z": [1, 2, 3, 4]})"), "steps", present);
 }
 
-TEST_F(ChartFile, NumbersBeyondTheirRangeAreDrawnAtItsEnd) {
+/// A file of a 2D chart with this content.
+std::string fileOf(const std::string& content) {
+    return R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0}, "chart": {)" +
+           content + "}}";
+}
+
+TEST_F(ChartFile, NumbersBeyondTheirRangeAreNamedWithIt) {
+    const Chart2D present = filledChart();
+    expectRefused(fileOf(R"("header": {"font": {"size": 1e9}})"),
+                  "\"header, font, size\" is not a number from 1 to 200", present);
+    expectRefused(fileOf(R"("print": {"width": -5})"),
+                  "\"print, width\" is not a number from 1 to 200", present);
+    expectRefused(fileOf(R"("curves": [{"symbolSize": 1e30}])"),
+                  "\"curves 1, symbolSize\" is not a number from 0 to 200", present);
+    expectRefused(fileOf(R"("x": {"decimals": 16})"),
+                  "\"x, decimals\" is not a number from -1 to 15", present);
+    expectRefused(fileOf(R"("y": {"tickSpacing": -1})"), "\"y, tickSpacing\" is not a number",
+                  present);
+    expectRefused(fileOf(R"("y": {"max": 1e300})"), "\"y, max\" is not a number of a size",
+                  present);
+}
+
+TEST_F(ChartFile, ASpacingThatTheLimitsDoNotTellApartIsNamed) {
+    const Chart2D present = filledChart();
+    expectRefused(fileOf(R"("x": {"min": 1e16, "max": 1.1e16, "tickSpacing": 1})"),
+                  "\"x, tickSpacing\" is too small for the limits of its axis", present);
+    expectRefused(fileOf(R"("y": {"min": 0, "max": 10, "gridSpacing": 1e-300})"),
+                  "\"y, gridSpacing\" is too small", present);
     Chart2D c;
-    ASSERT_TRUE(chart::from_text(
-        R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0},
-            "chart": {"header": {"font": {"size": 1e9}}, "print": {"width": -5}}})",
-        c));
-    EXPECT_FLOAT_EQ(c.header.font.size, 200);
-    EXPECT_DOUBLE_EQ(c.print.width, 1);
+    EXPECT_TRUE(chart::from_text(fileOf(R"("x": {"min": 0, "max": 10, "tickSpacing": 0.5})"), c));
+}
+
+TEST_F(ChartFile, MoreTextsFontsAndMarkersThanAPaintingHasTimeForAreRefused) {
+    const Chart2D present;
+    Chart2D c;
+    c.labels.resize(100);
+    for (chart::Label& label : c.labels) label.text = std::string(1000, 'x');
+    expectRefused(chart::to_text(c), "characters together", present);
+    for (std::size_t i = 0; i < c.labels.size(); ++i) {
+        c.labels[i].text = "x";
+        c.labels[i].font.family = "Font " + std::to_string(i);
+    }
+    expectRefused(chart::to_text(c), "different fonts", present);
+    Chart3D surface = filledSurface();
+    surface.markers.resize(21);
+    expectRefused(chart::to_text(surface), "more than 20 markers", Chart3D());
+}
+
+TEST_F(ChartFile, WhatIsSetBeyondARangeIsSavedAtItsEnd) {
+    Chart2D c;
+    c.print.width = 1e9;
+    c.header.font.size = std::numeric_limits<float>::quiet_NaN();
+    c.x.max = 1e300;
+    Chart2D read;
+    ASSERT_TRUE(chart::from_text(chart::to_text(c), read));
+    EXPECT_DOUBLE_EQ(read.print.width, 200);
+    EXPECT_FLOAT_EQ(read.header.font.size, 1);
+    EXPECT_DOUBLE_EQ(read.x.max, 3.4e38);
+}
+
+TEST_F(ChartFile, AChartThatCouldNotBeReadAgainIsNotSaved) {
+    Chart2D c;
+    c.header.text = std::string(5000, 'x');
+    const auto saved = chart::file_text(c);
+    EXPECT_TRUE(saved.reason().starts_with("The diagram cannot be saved as a file."))
+        << saved.reason();
+}
+
+TEST_F(ChartFile, ASheetOfVeryManyPointsIsSavedAndRead) {
+    // A line of the file for each number would make it larger than a file may be.
+    Chart2D c;
+    c.curves.resize(1);
+    for (int i = 0; i < 750000; ++i) {
+        c.curves[0].x.push_back(-1.234567e-20F * static_cast<float>(i + 1));
+        c.curves[0].y.push_back(-1.234567e-10F - static_cast<float>(i) * 1e-15F);
+    }
+    ASSERT_TRUE(files::write_whole(file("many.oc2"), chart::file_text(c).value()));
+    Chart2D read;
+    const auto outcome = load_chart(file("many.oc2"), read);
+    EXPECT_TRUE(outcome) << outcome.reason();
+    EXPECT_TRUE(read == c);
 }
 
 TEST_F(ChartFile, EveryTruncatedFileIsRefused) {

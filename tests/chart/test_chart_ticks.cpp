@@ -174,6 +174,33 @@ TEST(ChartTicks, WindowsThatCannotBeDrawnHaveNone) {
     EXPECT_TRUE(make_ticks(r).major.empty());
 }
 
+TEST(ChartTicks, NoWindowHasTicksWithoutEnd) {
+    // The index of a tick beyond 2^53 is the same as the next one.
+    constexpr double kTiny = std::numeric_limits<double>::denorm_min();
+    for (const auto& [min, max] : {std::pair{9007199254740992.0, 9007199254740994.0},
+                                   {1e16, 1.0000000000000002e16},
+                                   {-1e308, 1e308},
+                                   {-1e300, 1.7e308},
+                                   {0.0, kTiny},
+                                   {kTiny, 1.0},
+                                   {kTiny, 1e308},
+                                   {1e-300, 1e300},
+                                   {1e300, 1.0000000000000002e300}}) {
+        for (const double spacing : {0.0, kTiny, 1e-300, 0.5, 1.0, 1e300}) {
+            for (const bool logarithmic : {false, true}) {
+                TickRequest r = request(min, max, 400);
+                r.logarithmic = logarithmic;
+                r.spacing = spacing;
+                const Ticks ticks = make_ticks(r);
+                EXPECT_LE(ticks.major.size(), 2000U) << min << " to " << max;
+                EXPECT_LE(ticks.minor.size(), 4000U) << min << " to " << max;
+                for (const Tick& tick : ticks.major) EXPECT_TRUE(std::isfinite(tick.value));
+            }
+        }
+        EXPECT_LE(chart::multiples(min, max, 1).size(), 2000U);
+    }
+}
+
 TEST(ChartTicks, TheLocalesDecimalMarkIsUsed) {
     numbers::set_decimal_mark(',');
     const auto shown = texts(make_ticks(request(0, 1, 200)));

@@ -1,7 +1,11 @@
+#include <algorithm>
+#include <fstream>
+
 #include "datafiles/search.h"
 #include "session/commands.h"
 #include "session/substance_session.h"
 #include "support/codes.h"
+#include "support/database_builder.h"
 #include "support/databases.h"
 #include "support/session_test.h"
 
@@ -100,6 +104,20 @@ TEST_F(SubstanceChoice, ADatabaseThatCanNoLongerBeReadIsTold) {
     EXPECT_FALSE(session::take_substance(session, 1));
     EXPECT_EQ(user.lastText(), "The substance could not be read from the database TEST.Q05");
     EXPECT_EQ(session->substance_number, 0);
+}
+
+TEST_F(SubstanceChoice, ADatabaseThatAnotherProgramHasChangedIsToldAndNotMistaken) {
+    const std::filesystem::path file = folder() / "TEST.Q05";
+    std::string bytes = builder::ReadFile(file);
+    // The first two substances change their places.
+    std::swap_ranges(bytes.begin() + 684, bytes.begin() + 2 * 684, bytes.begin() + 2 * 684);
+    std::fstream(file, std::ios::binary | std::ios::in | std::ios::out) << bytes;
+    EXPECT_FALSE(session::take_substance(session, 1));
+    EXPECT_EQ(user.lastText(),
+              "The database TEST.Q05 has been changed by another program.\nOpen it again.");
+    EXPECT_EQ(session->substance_number, 0);
+    EXPECT_EQ(session::load_database(session, file.string()), session::LoadOutcome::Loaded);
+    EXPECT_TRUE(session::take_substance(session, 2));
 }
 
 }  // namespace

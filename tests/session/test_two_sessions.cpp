@@ -7,9 +7,14 @@
 #include <sstream>
 #include <thread>
 
+#include "chart/chart_file.h"
+#include "chart/picture2d.h"
+#include "chart/scene3d.h"
 #include "common/text.h"
 #include "datafiles/project_file.h"
 #include "diagrams/sheet_file.h"
+#include "diagrams/sheet_labels.h"
+#include "diagrams/surface_sheet.h"
 #include "models/reference_choice.h"
 #include "session/calculations.h"
 #include "session/diagram_choice.h"
@@ -27,6 +32,13 @@
 using namespace quor;
 
 namespace {
+
+constexpr double kSheetWidth = 700, kSheetHeight = 500;
+
+chart::TextSize measure(const std::string& text, const chart::Font& font) {
+    const auto size = static_cast<double>(font.size);
+    return {0.6 * size * static_cast<double>(text.size()), 1.2 * size};
+}
 
 namespace fs = std::filesystem;
 
@@ -184,6 +196,7 @@ class Work {
             case 5:
                 return diagram(plan_.charts[static_cast<std::size_t>(2 * round + step) % 4], round);
             case 6:
+                surface(round);
                 return measured_data(T);
             case 7:
                 return private_database(round);
@@ -257,6 +270,23 @@ class Work {
         for (int place = 0; place < diagrams::curve_count(sheet); ++place)
             out_ << sheet.curves[static_cast<std::size_t>(place)].name.legend << '\n'
                  << diagrams::curve_table(sheet, place);
+        diagrams::place_labels(sheet, kSheetWidth, kSheetHeight, measure);
+        const chart::Picture2D picture =
+            chart::picture_of(sheet.chart, kSheetWidth, kSheetHeight, measure);
+        out_ << picture.items.size() << '\n';
+    }
+
+    /// A surface as the menu opens it, turned and laid out.
+    void surface(int round) {
+        const auto kinds = diagrams::surface_kinds();
+        diagrams::SurfaceSheet sheet =
+            diagrams::open_surface(kinds[static_cast<std::size_t>(round) % kinds.size()],
+                                   session::present_basis(session_), false, 9, 9);
+        diagrams::set_meshlines(sheet, 7 + round % 3, 8);
+        const chart::Scene3D scene =
+            chart::build_scene(sheet.chart, kSheetWidth, kSheetHeight, measure);
+        out_ << chart::to_text(sheet.chart) << scene.shapes.size() << ' ' << scene.texts.size()
+             << '\n';
     }
 
     void measured_data(double T) {

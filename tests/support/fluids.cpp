@@ -1,5 +1,6 @@
 #include "support/fluids.h"
 
+#include <charconv>
 #include <cmath>
 #include <fstream>
 #include <map>
@@ -60,7 +61,8 @@ struct Reader {
         const auto it = row.find(key);
         if (it == row.end() || it->second.empty()) return 0.0F;
         // A cell with 0 is a real zero, which the files hold as 1E-37.
-        const float v = std::stof(it->second);
+        float v = 0;
+        std::from_chars(it->second.data(), it->second.data() + it->second.size(), v);
         return v == 0.0F ? 1e-37F : v;
     }
     std::int16_t t(const std::string& key) const {

@@ -204,8 +204,8 @@ TEST_F(Quorcalc, ASurfaceHoldsTheValuesOfItsStates) {
             const double x = s.at("x0").get<double>() + i * s.at("dx").get<double>();
             const double p = x == 0 ? 0.05 : x;
             const double T = s.at("y0").get<double>() + j * s.at("dy").get<double>();
-            const json f = call({"functions", "--substance", "Propane", "--T", std::to_string(T),
-                                 "--p", std::to_string(p), "--json"})
+            const json f = call({"functions", "--substance", "Propane", "--T", json(T).dump(),
+                                 "--p", json(p).dump(), "--json"})
                                .object();
             const json& row = f.at("V").is_null() ? f.at("L") : f.at("V");
             const double h = row.at("h").get<double>();
@@ -224,7 +224,7 @@ TEST_F(Quorcalc, ASurfaceOfPressureIsFlatInTheTwoPhaseRegionAndHasHoles) {
     EXPECT_TRUE(s.at("z")[0][0].is_null()) << "there is no state of no volume";
     const double T = s.at("y0").get<double>() + 10 * s.at("dy").get<double>();
     const json equilibrium =
-        call({"psat", "--substance", "Propane", "--T", std::to_string(T), "--json"}).object();
+        call({"psat", "--substance", "Propane", "--T", json(T).dump(), "--json"}).object();
     const double pLV = equilibrium.at("p").get<double>();
     const double middle = s.at("x0").get<double>() + 10 * s.at("dx").get<double>();
     EXPECT_GT(middle, equilibrium.at("v")[0].get<double>());

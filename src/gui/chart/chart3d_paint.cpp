@@ -2,7 +2,9 @@
 
 #include <QImage>
 #include <QPaintEngine>
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <span>
 
 #include "chart/scene3d.h"
@@ -12,13 +14,23 @@ namespace quor::chart {
 
 namespace {
 
+/// Device pixels to a unit of the painter; 0 where it turns or distorts.
+double pixelsPerUnit(const QPainter& painter) {
+    const QTransform& t = painter.deviceTransform();
+    const bool upright = t.type() <= QTransform::TxScale && t.m11() > 0;
+    return upright && std::abs(t.m11() - t.m22()) < 1e-9 * t.m11() ? t.m11() : 0;
+}
+
 /// Paints the shapes of a scene. State is set only where it changes: a surface has thousands of
 /// shapes of few styles.
 class ShapePainter {
   public:
     /// `smoothCells`: the edges of the cells are smoothed, as suits vectors.
     ShapePainter(QPainter& painter, const Scene3D& scene, bool smoothCells)
-        : painter_(painter), scene_(scene), smoothCells_(smoothCells) {}
+        : painter_(painter), scene_(scene), smoothCells_(smoothCells) {
+        const QPaintEngine* engine = painter.paintEngine();
+        if (engine && engine->type() == QPaintEngine::Raster) thinLines();
+    }
 
     void paint() {
         for (const SceneShape& shape : scene_.shapes) {
@@ -42,7 +54,8 @@ class ShapePainter {
     }
 
     void line(const SceneShape& shape, std::span<const Point2> points) {
-        setPen(shape.colour, shape.width, shape.pattern);
+        setPen(shape.colour, shape.surface ? std::min(shape.width, widest_) : shape.width,
+               shape.pattern);
         setSmooth(true);
         painter_.drawPolyline(qtPoints(points), static_cast<int>(points.size()));
     }
@@ -51,6 +64,18 @@ class ShapePainter {
         buffer_.clear();
         for (const Point2& p : points) buffer_.emplace_back(p.x, p.y);
         return buffer_.data();
+    }
+
+    /// Lines of a pixel are painted at once, wider ones as outlines: many of them, which lie close
+    /// together anyway, become fine.
+    void thinLines() {
+        constexpr double kMostTime = 30000, kLine = 4, kWidth = 0.4;  // microseconds
+        double time = 0;
+        for (const SceneShape& shape : scene_.shapes)
+            if (shape.kind == SceneShape::Kind::Line)
+                time += kLine + kWidth * static_cast<double>(shape.width);
+        const double pixels = pixelsPerUnit(painter_);
+        if (time > kMostTime && pixels > 0) widest_ = static_cast<float>(1 / pixels);
     }
 
     void setBrush(Colour colour) {
@@ -88,6 +113,7 @@ class ShapePainter {
     bool brushSet_ = false;
     Colour brush_, penColour_;
     float penWidth_ = -1;
+    float widest_ = std::numeric_limits<float>::max();  // line of the surface
     LinePattern pattern_ = LinePattern::Solid;
     std::vector<QPointF> buffer_;
 };
@@ -97,13 +123,6 @@ void paintMarker(QPainter& painter, const SceneMarker& marker) {
     painter.setPen(QPen(marker.hidden ? colour : QColor(Qt::white), 1.2));
     painter.setBrush(marker.hidden ? QBrush(Qt::NoBrush) : QBrush(colour));
     painter.drawEllipse(QPointF(marker.centre.x, marker.centre.y), marker.radius, marker.radius);
-}
-
-/// Device pixels to a unit of the painter; 0 where it turns or distorts.
-double pixelsPerUnit(const QPainter& painter) {
-    const QTransform& t = painter.deviceTransform();
-    const bool upright = t.type() <= QTransform::TxScale && t.m11() > 0;
-    return upright && std::abs(t.m11() - t.m22()) < 1e-9 * t.m11() ? t.m11() : 0;
 }
 
 /// Each pixel the mean of four.
@@ -155,7 +174,8 @@ void paintShapes(QPainter& painter, const Scene3D& scene, const QSizeF& size, co
                  PaintQuality quality) {
     const QPaintEngine* engine = painter.paintEngine();
     const bool raster = engine && engine->type() == QPaintEngine::Raster;
-    const bool fine = raster && quality == PaintQuality::Fine;
+    constexpr std::size_t kMostFine = 80000;  // shapes that are painted fine in a tenth of a second
+    const bool fine = raster && quality == PaintQuality::Fine && scene.shapes.size() <= kMostFine;
     const double scale = fine ? pixelsPerUnit(painter) : 0;
     const QImage image = scale > 0 ? fineImage(scene, size, scale, sheet) : QImage();
     if (!image.isNull()) {
