@@ -129,7 +129,7 @@ std::optional<VapourPressure> vapour_pressure(const SubstanceRecord& s, double T
         if (s.august.B == 0) return std::nullopt;
         p = std::exp(static_cast<double>(s.august.A) + static_cast<double>(s.august.B) / T);
         const double Tb = static_cast<double>(s.Tboil);
-        if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
+        if (T < Tb) r.deviation = whole_kelvins(T - Tb);
     } else if (code == VapourPressureEquation::wagner) {
         if (!has_wagner(s.wagner)) return std::nullopt;
         const double Tset = static_cast<double>(s.wagner.a[8]);
@@ -221,7 +221,7 @@ std::optional<BoilingTemperature> boiling_temperature(const SubstanceRecord& s, 
         if (Tb < kPresent) return std::nullopt;
         const August line = august_line(s);
         T = line.B / (std::log(p) - line.A);
-        if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
+        if (T < Tb) r.deviation = whole_kelvins(T - Tb);
     } else if (code == VapourPressureEquation::wagner) {
         if (!has_wagner(s.wagner)) return std::nullopt;
         T = wagner_temperature(s, p);
