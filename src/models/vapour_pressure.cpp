@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
+#include <limits>
 
 #include "common/constants.h"
 #include "common/dialogs.h"
@@ -267,13 +269,22 @@ std::optional<double> vapour_pressure_slope(const SubstanceRecord& s, double T,
 
 namespace {
 
+/// True for coefficients that a set can hold; a record that makes no sense gives others.
+bool fit_32_bits(std::initializer_list<double> coefficients) {
+    constexpr double largest = std::numeric_limits<float>::max();
+    return std::all_of(coefficients.begin(), coefficients.end(),
+                       [](double x) { return std::fabs(x) <= largest; });
+}
+
 /// Thompson's rule for C of the Antoine equation; A and B through boiling and critical point.
 void correlate_thompson(SubstanceRecord& s, double Tcrit, double pcrit, double Tboil) {
     const double C = 18 - 0.19 * Tboil + constants::kZeroCelsius;
     const auto u = [&](double T) { return 1 / ((C + T) - constants::kZeroCelsius); };
     const double B = -log10_of(pcrit / kNormalPressure) / (u(Tcrit) - u(Tboil));
     const double A = log10_of(pcrit) + B * u(Tcrit);
-    s.thompson = {static_cast<float>(A), static_cast<float>(B), static_cast<float>(C), 0, 0};
+    s.thompson = {};
+    if (fit_32_bits({A, B, C}))
+        s.thompson = {static_cast<float>(A), static_cast<float>(B), static_cast<float>(C), 0, 0};
 }
 
 /// Frost-Kalkwarf with the pressure term of van der Waals (e = 0.183218, f = 2) or of
@@ -289,6 +300,7 @@ void correlate_frost(FrostSet& set, double e, double f, double Tcrit, double pcr
     const double A =
         log10_of(pcrit) - B / Tcrit - D * log10_of(Tcrit) - E * pcrit / std::pow(Tcrit, f);
     set = {};
+    if (!fit_32_bits({A, B, D, E, f})) return;
     set.a = {static_cast<float>(A), static_cast<float>(B), 0,
              static_cast<float>(D), static_cast<float>(E), static_cast<float>(f)};
 }
@@ -307,9 +319,9 @@ void correlate_vapour_pressure(SubstanceRecord& s, VapourPressureEquation equati
 
 void correlate_august(SubstanceRecord& s) {
     const August line = august_line(s);
-    const bool usable = std::isfinite(line.A) && std::isfinite(line.B);
-    s.august =
-        usable ? AugustSet{static_cast<float>(line.A), static_cast<float>(line.B)} : AugustSet{};
+    s.august = fit_32_bits({line.A, line.B})
+                   ? AugustSet{static_cast<float>(line.A), static_cast<float>(line.B)}
+                   : AugustSet{};
 }
 
 }  // namespace quor::models

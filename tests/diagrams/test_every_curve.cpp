@@ -11,7 +11,9 @@
 #include "diagrams/coordinates.h"
 #include "diagrams/curve.h"
 #include "diagrams/diagram.h"
+#include "diagrams/surface_sheet.h"
 #include "support/draws.h"
+#include "support/scripted_dialogs.h"
 
 using namespace quor;
 
@@ -131,6 +133,49 @@ TEST(EveryCurve, HasPointsThatAreNumbersAndComesInTime) {
         if (curve.status == diagrams::CurveStatus::complete && !curve.points.empty()) ++good;
     }
     // Draws that all fail would show nothing.
+    EXPECT_GT(good, count / 20);
+}
+
+/// Any limits as they may be typed; those of a kind that are refused draw nothing.
+diagrams::SurfaceLimits drawn_limits(Draws& draw, diagrams::SurfaceLimits limits) {
+    for (float* const limit : {&limits.p_min, &limits.p_max, &limits.v_min, &limits.v_max,
+                               &limits.T_min, &limits.T_max, &limits.z_min, &limits.z_max})
+        if (draw.once_in(4)) *limit = draw.any_finite_single();
+    return limits;
+}
+
+TEST(EverySurface, HasNodesThatAreNumbersOrHoles) {
+    const ScriptedDialogs user;
+    Draws draw(20240119);
+    int good = 0;
+    const int count = draws_of(1200);
+    for (int i = 0; i < count; ++i) {
+        const models::Fluid fluid = draw.fluid();
+        diagrams::Basis basis{fluid, draw.reference(), {}, {}};
+        try {
+            basis.units = models::make_units(draw.units(), fluid);
+        } catch (const std::exception&) {
+            continue;
+        }
+        const auto kinds = diagrams::surface_kinds();
+        const diagrams::SurfaceKind& kind = kinds[draw.below(kinds.size())];
+        diagrams::SurfaceSheet sheet = diagrams::open_surface(
+            kind, basis, draw.once_in(2), draw.between(2, 9), draw.between(2, 9));
+        (void)diagrams::set_limits(sheet, drawn_limits(draw, sheet.limits));
+        (void)diagrams::add_critical_point(sheet);
+        const chart::SurfaceGrid& grid = sheet.chart.surface;
+        bool any = false;
+        for (const float z : grid.z) {
+            any = any || !grid.is_hole(z);
+            ASSERT_TRUE(grid.is_hole(z) || std::isfinite(z))
+                << fluid.substance().name << " kind " << kind.code;
+        }
+        for (const double x : {grid.x0, grid.dx, grid.y0, grid.dy})
+            ASSERT_TRUE(std::isfinite(x)) << fluid.substance().name << " kind " << kind.code;
+        for (const dialogs::Message& message : user.messages)
+            EXPECT_FALSE(has_no_number(message.text)) << message.text;
+        if (any) ++good;
+    }
     EXPECT_GT(good, count / 20);
 }
 
