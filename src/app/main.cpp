@@ -1,7 +1,9 @@
 #include <QApplication>
+#include <QFontDatabase>
 #include <QLocale>
 #include <QStandardPaths>
 #include <filesystem>
+#include <iostream>
 
 #include "app/main_window.h"
 #include "app/open_file.h"
@@ -22,6 +24,9 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName("QUOR-6");
     QApplication::setApplicationVersion(QUOR_VERSION);
     gui::theme::install(app);
+    // No window could say it.
+    if (QFontDatabase::families().isEmpty())
+        std::cerr << "QUOR-6: this machine has no fonts; the windows show no texts.\n";
 
     const auto folder = [](const QString& path) {
         return std::filesystem::path(path.toStdString());

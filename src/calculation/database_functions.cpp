@@ -26,11 +26,11 @@ struct Found {
 template <std::size_t N>
 Range density_range(const std::array<float, N>& parameters, std::int16_t T_low,
                     std::int16_t T_high) {
-    constexpr int kAround = 10;
+    constexpr double kAround = 10;
     if (T_low != 0) return {T_low, T_high};
     if (!(static_cast<double>(parameters[2]) > kPresent)) return {};
-    const int point = numbers::to_int16(static_cast<double>(parameters[2]));
-    return {static_cast<std::int16_t>(point - kAround), static_cast<std::int16_t>(point + kAround)};
+    const double point = numbers::round_half_even(static_cast<double>(parameters[2]));
+    return {numbers::to_int16(point - kAround), numbers::to_int16(point + kAround)};
 }
 
 template <class Set>

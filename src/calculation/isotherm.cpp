@@ -58,6 +58,17 @@ void set_limits(Isotherm& d, const models::EosState& s, double v_first, double v
     d.p_max = high + kRoom * (high - low);
 }
 
+/// The constants of a record that makes no sense may give pressures beyond all numbers.
+bool is_finite(const Isotherm& d) {
+    const auto finite = [](const std::vector<IsothermPoint>& points) {
+        return std::all_of(points.begin(), points.end(), [](const IsothermPoint& point) {
+            return std::isfinite(point.v) && std::isfinite(point.p);
+        });
+    };
+    return std::isfinite(d.p_min) && std::isfinite(d.p_max) && finite(d.isotherm) &&
+           finite(d.area_below) && finite(d.area_above);
+}
+
 }  // namespace
 
 Isotherm isotherm_of(const models::Fluid& fluid, const LastState& last) {
@@ -85,7 +96,7 @@ Isotherm isotherm_of(const models::Fluid& fluid, const LastState& last) {
                                ? steep_volume(s, d.T, d.p_max, v_first)
                                : v_first;
     d.isotherm = sample(s, d.T, v_start, v_last * kBeyond, kIsothermPoints);
-    return d;
+    return is_finite(d) ? d : Isotherm{};
 }
 
 }  // namespace quor::calculation

@@ -12,7 +12,8 @@ struct IsothermPoint {
     double v = 0, p = 0;
 };
 
-/// The p-v isotherm of a cubic EOS round a state; empty without one.
+/// The p-v isotherm of a cubic EOS round a state; empty without one, and where its pressures are
+/// beyond all numbers.
 struct Isotherm {
     double T = 0, p = 0;  ///< K, kPa
     /// The isotherm at T, ascending in v and evenly spaced in log(v); one curve without gaps.

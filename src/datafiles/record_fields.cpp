@@ -261,11 +261,12 @@ struct Store {
         *field = static_cast<float>(*number);
         return {};
     }
+    /// Kept in more digits, but a database has 32 bits for it as well.
     Result<void> operator()(double* field) const {
-        const std::optional<double> number = numbers::number(value);
-        if (!number) return not_a(name, value, "number");
-        *field = *number;
-        return {};
+        float narrow = 0;
+        const Result<void> stored = (*this)(&narrow);
+        if (stored) *field = *numbers::number(value);
+        return stored;
     }
     Result<void> operator()(std::int16_t* field) const {
         const std::optional<double> number = numbers::number(value);

@@ -208,7 +208,7 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
         models.vapour_pressure != models::VapourPressureEquation::none) {
         const auto boiling =
             models::boiling_temperature(s, constants::kNormalPressure, models.vapour_pressure);
-        if (boiling) s.Tboil = static_cast<float>(boiling->T);
+        if (boiling) s.Tboil = single_or_zero(boiling->T);
     }
     if (std::fabs(static_cast<double>(s.Tboil) * s.Tcrit * s.pcrit) > kPresent)
         models::correlate_august(s);
@@ -239,7 +239,7 @@ void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
     SubstanceRecord s;
     s.Tcrit = number(kTcrit);
     s.pcrit = number(kPcrit);
-    s.Tboil = static_cast<float>(number(kTboil));
+    s.Tboil = single_or_zero(number(kTboil));
     if (!has_critical_data(s)) return;
     const auto correlate = [&](models::VapourPressureEquation index, const FieldBlock& block) {
         models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
@@ -265,8 +265,9 @@ void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
 Result<std::string> triple_point_pressure(const SubstanceRecord& s,
                                           models::VapourPressureEquation equation) {
     const auto result = models::vapour_pressure(s, static_cast<double>(s.Ttriple), equation);
-    if (!result) return Failure{"Error while calculating vapour pressure"};
-    return editor_text(static_cast<float>(result->p));
+    const std::optional<float> p = single(result ? std::optional(result->p) : std::nullopt);
+    if (!p) return Failure{"Error while calculating vapour pressure"};
+    return editor_text(*p);
 }
 
 std::string editor_report(const EditorTexts& texts) {

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "common/constants.h"
-#include "common/numbers.h"
+#include "diagrams/bounded.h"
 #include "diagrams/database_functions.h"
 #include "models/caloric.h"
 
@@ -15,7 +15,7 @@ namespace {
 using constants::kPresent;
 
 float single(double value) {
-    return numbers::to_single(value);
+    return bounded_single(value);
 }
 
 void set_function_limits(CoordinateDefaults& d, std::int16_t mode, double factor) {

@@ -137,12 +137,17 @@ double volume_at_top(const CurveFrame& c) {
     return roots && roots->v[0] > state.b ? roots->v[0] : state.b;
 }
 
+/// Parts of a piece of curve that takes a share of the window, which it may leave by far.
+int parts_of(const CurveFrame& c, double share) {
+    const int fewest = std::min(8, c.steps);
+    return share < 1 ? std::max(static_cast<int>(c.steps * share), fewest) : c.steps;
+}
+
 /// The part of the isotherm in p-v between two volumes, in steps that follow its bend.
 void add_isotherm(CurveFrame& c, double low, double high) {
     if (!(high > low)) return;
     const double window = (c.x_max - c.x_min) / c.v_factor;
-    const int parts = std::clamp(static_cast<int>(c.steps * (high - low) / window),
-                                 std::min(8, c.steps), c.steps);
+    const int parts = parts_of(c, (high - low) / window);
     const auto place = [&](double v) -> std::optional<CurvePlace> {
         // On a steep liquid branch p would show the last digits of v.
         const bool end = c.at_T && (v == c.at_T->vL || v == c.at_T->vV);
@@ -163,8 +168,7 @@ template <class Volume>
 void add_isobar(CurveFrame& c, double low, double high, Volume volume) {
     if (!(high > low)) return;
     const double window = (c.y_max - c.y_min) / c.T_factor;
-    const int parts = std::clamp(static_cast<int>(c.steps * (high - low) / window),
-                                 std::min(8, c.steps), c.steps);
+    const int parts = parts_of(c, (high - low) / window);
     const auto place = [&](double T) -> std::optional<CurvePlace> {
         const std::optional<double> v = volume(T);
         if (!(v > 0.0)) return std::nullopt;

@@ -1,7 +1,7 @@
 #include "diagrams/prepare_2d.h"
 
 #include "common/constants.h"
-#include "common/numbers.h"
+#include "diagrams/bounded.h"
 
 namespace quor::diagrams {
 
@@ -12,8 +12,8 @@ using constants::kPresent;
 void begin_at_critical_point(DiagramStart& start, const Basis& basis) {
     const models::SubstanceRecord& s = basis.fluid.substance();
     start.at.T = s.Tcrit;
-    start.limits.T_max = numbers::to_single(s.Tcrit * 1.1 * basis.T_factor());
-    start.limits.p_max = numbers::to_single(s.pcrit * 1.6 * basis.p_factor());
+    start.limits.T_max = bounded_single(s.Tcrit * 1.1 * basis.T_factor());
+    start.limits.p_max = bounded_single(s.pcrit * 1.6 * basis.p_factor());
 }
 
 double first_volume(const models::Fluid& fluid) {

@@ -56,9 +56,12 @@ Steps& Steps::within(double low, double high) {
 
 bool Steps::next(double& value) {
     if (first_ >= count_) return false;
+    if (stride_ == 0) stride_ = (count_ - first_ - 1) / kMostPasses + 1;
     value = start_ + static_cast<double>(first_) * step_;
-    if (clamp_ && first_ == count_ - 1) value = end_;
-    ++first_;
+    const bool last = first_ == count_ - 1;
+    if (clamp_ && last) value = end_;
+    // The end is never stepped over.
+    first_ = last ? count_ : std::min(first_ + stride_, count_ - 1);
     return true;
 }
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "common/numbers.h"
 #include "common/text.h"
+#include "diagrams/bounded.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/curve_frame.h"
 #include "diagrams/sheet_names.h"
@@ -68,7 +68,7 @@ bool is_exergy(Axis axis) {
 }
 
 float single(double value) {
-    return numbers::to_single(value);
+    return bounded_single(value);
 }
 
 }  // namespace

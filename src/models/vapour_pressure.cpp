@@ -131,7 +131,7 @@ std::optional<VapourPressure> vapour_pressure(const SubstanceRecord& s, double T
         if (s.august.B == 0) return std::nullopt;
         p = std::exp(static_cast<double>(s.august.A) + static_cast<double>(s.august.B) / T);
         const double Tb = static_cast<double>(s.Tboil);
-        if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
+        if (T < Tb) r.deviation = whole_kelvins(T - Tb);
     } else if (code == VapourPressureEquation::wagner) {
         if (!has_wagner(s.wagner)) return std::nullopt;
         const double Tset = static_cast<double>(s.wagner.a[8]);
@@ -223,7 +223,7 @@ std::optional<BoilingTemperature> boiling_temperature(const SubstanceRecord& s, 
         if (Tb < kPresent) return std::nullopt;
         const August line = august_line(s);
         T = line.B / (std::log(p) - line.A);
-        if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
+        if (T < Tb) r.deviation = whole_kelvins(T - Tb);
     } else if (code == VapourPressureEquation::wagner) {
         if (!has_wagner(s.wagner)) return std::nullopt;
         T = wagner_temperature(s, p);
@@ -269,23 +269,22 @@ std::optional<double> vapour_pressure_slope(const SubstanceRecord& s, double T,
 
 namespace {
 
-/// Thompson's rule for C of the Antoine equation; A and B through boiling and critical point.
-/// True for constants that the 32 bits of a set hold. Those of an absurd critical or boiling point
-/// do not: then there is no set.
-bool fit_a_set(std::initializer_list<double> constants) {
-    constexpr auto largest = static_cast<double>(std::numeric_limits<float>::max());
-    return std::all_of(constants.begin(), constants.end(),
-                       [](double constant) { return std::fabs(constant) <= largest; });
+/// True for coefficients that a set can hold; a record that makes no sense gives others.
+bool fit_32_bits(std::initializer_list<double> coefficients) {
+    constexpr double largest = std::numeric_limits<float>::max();
+    return std::all_of(coefficients.begin(), coefficients.end(),
+                       [](double x) { return std::fabs(x) <= largest; });
 }
 
+/// Thompson's rule for C of the Antoine equation; A and B through boiling and critical point.
 void correlate_thompson(SubstanceRecord& s, double Tcrit, double pcrit, double Tboil) {
     const double C = 18 - 0.19 * Tboil + constants::kZeroCelsius;
     const auto u = [&](double T) { return 1 / ((C + T) - constants::kZeroCelsius); };
     const double B = -log10_of(pcrit / kNormalPressure) / (u(Tcrit) - u(Tboil));
     const double A = log10_of(pcrit) + B * u(Tcrit);
-    s.thompson = fit_a_set({A, B, C}) ? AntoineSet{static_cast<float>(A), static_cast<float>(B),
-                                                   static_cast<float>(C), 0, 0}
-                                      : AntoineSet{};
+    s.thompson = {};
+    if (fit_32_bits({A, B, C}))
+        s.thompson = {static_cast<float>(A), static_cast<float>(B), static_cast<float>(C), 0, 0};
 }
 
 /// Frost-Kalkwarf with the pressure term of van der Waals (e = 0.183218, f = 2) or of
@@ -301,7 +300,7 @@ void correlate_frost(FrostSet& set, double e, double f, double Tcrit, double pcr
     const double A =
         log10_of(pcrit) - B / Tcrit - D * log10_of(Tcrit) - E * pcrit / std::pow(Tcrit, f);
     set = {};
-    if (!fit_a_set({A, B, D, E})) return;
+    if (!fit_32_bits({A, B, D, E, f})) return;
     set.a = {static_cast<float>(A), static_cast<float>(B), 0,
              static_cast<float>(D), static_cast<float>(E), static_cast<float>(f)};
 }
@@ -320,7 +319,7 @@ void correlate_vapour_pressure(SubstanceRecord& s, VapourPressureEquation equati
 
 void correlate_august(SubstanceRecord& s) {
     const August line = august_line(s);
-    s.august = fit_a_set({line.A, line.B})
+    s.august = fit_32_bits({line.A, line.B})
                    ? AugustSet{static_cast<float>(line.A), static_cast<float>(line.B)}
                    : AugustSet{};
 }

@@ -32,8 +32,8 @@ std::optional<double> vapour_pressure_slope(const SubstanceRecord& s, double T,
                                             VapourPressureEquation code);
 
 /// Fills the set of a correlated equation (Frost/Kalkwarf by van der Waals or Redlich/Kwong,
-/// Antoine by Thompson) of a record from critical point and boiling point. One whose constants 32
-/// bits do not hold stays empty.
+/// Antoine by Thompson) of a record from critical point and boiling point; points that give no
+/// numbers of 32 bits leave zeros.
 void correlate_vapour_pressure(SubstanceRecord& s, VapourPressureEquation equation, double Tcrit,
                                double pcrit, double Tboil);
 /// Fills AUG of a record from its critical point and boiling point; a fault, and constants

@@ -1,5 +1,9 @@
 #include "report/diagnosis.h"
 
+#include <cmath>
+#include <limits>
+
+#include "common/numbers.h"
 #include "report/list_layout.h"
 
 namespace quor::report {
@@ -9,8 +13,14 @@ namespace {
 constexpr auto kStableL = "(stable, L-phase)", kStableV = "(stable, V-phase)";
 constexpr auto kMetastable = "(metastable)", kUnstable = "(unstable)";
 
+/// A volume that 32 bits do not hold stands as it is.
+std::string volume_text(double v) {
+    const bool fits = std::fabs(v) <= static_cast<double>(std::numeric_limits<float>::max());
+    return fits ? value32(v) : numbers::general(v);
+}
+
 RootRow root_row(int number, double v, const std::string& note) {
-    return {"v(" + std::to_string(number) + ") =", value32(v) + " m^3/kmol", note, v,
+    return {"v(" + std::to_string(number) + ") =", volume_text(v) + " m^3/kmol", note, v,
             note.starts_with("(stable")};
 }
 

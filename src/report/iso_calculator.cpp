@@ -83,15 +83,21 @@ void IsoCalculator::choose_given(IsoGiven specified) {
 bool IsoCalculator::calculate(const std::string& constant, const std::string& typed) {
     constant_text = constant;
     given_text = typed;
-    calculation::IsoSearch search{.given = given,
-                                  .function = function,
-                                  .liquid = liquid,
-                                  .T = last_T(),
-                                  .p = last_p(),
-                                  .target = numbers::val_input(constant)};
-    (given == IsoGiven::T ? search.T : search.p) = numbers::val_input(typed);
-    std::optional<TaskResult> found = iso_solve(last_.made, search);
-    if (!found) {
+    // A text that is no number is no 0.
+    const std::optional<double> target = numbers::typed_number(constant);
+    const std::optional<double> at = numbers::typed_number(typed);
+    std::optional<TaskResult> found;
+    if (target && at) {
+        calculation::IsoSearch search{.given = given,
+                                      .function = function,
+                                      .liquid = liquid,
+                                      .T = last_T(),
+                                      .p = last_p(),
+                                      .target = *target};
+        (given == IsoGiven::T ? search.T : search.p) = *at;
+        found = iso_solve(last_.made, search);
+    }
+    if (!found || found->failed()) {
         sought_text = "No solution found";
         return false;
     }

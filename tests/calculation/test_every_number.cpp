@@ -291,4 +291,80 @@ TEST(EveryNumber, OfACalculationIsOneWhateverIsAskedOfWhateverSubstance) {
     EXPECT_LT(good, count * 4 / 5);
 }
 
+/// What is wrong with the diagnosis of a state; empty when nothing is.
+std::string fault_of(const report::Diagnosis& d) {
+    Look look;
+    for (const auto* line : {&d.isotherm, &d.area_below, &d.area_above})
+        for (const calculation::IsothermPoint& point : *line) {
+            look("isotherm v", point.v);
+            look("isotherm p", point.p);
+        }
+    look("p(LV)", d.saturation_pressure);
+    look("lowest p", d.p_min);
+    look("highest p", d.p_max);
+    for (const report::RootRow& root : d.roots) {
+        look("root", root.v);
+        if (has_no_number(root.value)) return "in the text: " + root.value;
+    }
+    return look.bad().empty() ? "" : "no number: " + look.bad();
+}
+
+TEST(EveryNumber, OfADiagnosisIsOne) {
+    Draws draw(20240120);
+    Failures failures;
+    int good = 0;
+    const int count = draws_of(20000);
+    for (int i = 0; i < count; ++i) {
+        const models::Fluid fluid = draw.fluid();
+        const calculation::Request request = drawn_request(draw, fluid.substance());
+        const calculation::Answer answer = calculation::calculate(fluid, draw.reference(), request);
+        if (!answer.diagnosable) continue;
+        ++good;
+        const std::string fault = fault_of(report::diagnose(fluid, answer.last));
+        if (!fault.empty()) failures.add(i, fault, described(fluid, request));
+    }
+    EXPECT_GT(good, count / 50);
+}
+
+/// A text as it may be typed in a field of a number.
+std::string typed(Draws& draw, double ordinary) {
+    static const std::vector<std::string> worst = {"0",   "-5",    "1E-300",  "1E300", "nan", "inf",
+                                                   "",    "1E400", "-1E-400", "x",     ",",   "1,5",
+                                                   "1 0", "1E38",  "1E",      "-"};
+    return draw.once_in(2) ? draw.one_of(worst)
+                           : numbers::general_point(ordinary * 2.0 * draw.share());
+}
+
+TEST(EveryNumber, OfAnIsoCalculatorIsOneWhateverIsTyped) {
+    Draws draw(20240121);
+    Failures failures;
+    int found = 0;
+    const int count = draws_of(3000);
+    for (int i = 0; i < count; ++i) {
+        const models::Fluid fluid = draw.fluid();
+        const models::SubstanceRecord& s = fluid.substance();
+        const calculation::Request request =
+            report::functions_request(draw.near(s.Tcrit / 2), draw.near(s.pcrit / 2));
+        const report::TaskResult state =
+            report::make_result(fluid, draw.reference(), draw.units(), request);
+        if (state.failed()) continue;
+        report::IsoCalculator iso(state, static_cast<calculation::IsoFunction>(draw.between(1, 8)),
+                                  static_cast<calculation::IsoGiven>(draw.between(1, 2)));
+        iso.choose_phase(draw.once_in(2));
+        const bool is_T = iso.given == calculation::IsoGiven::T;
+        const bool done = iso.calculate(draw.once_in(2) ? iso.constant_text : typed(draw, 1000),
+                                        typed(draw, is_T ? request.given.T : request.given.p));
+        if (done) ++found;
+        Look look;
+        look("T", iso.last_T());
+        look("p", iso.last_p());
+        std::string fault = look.bad().empty() ? fault_of(iso.last()) : look.bad();
+        if (iso.last().failed()) fault += " a failure is kept";
+        for (const std::string& text : {iso.constant_text, iso.given_text, iso.sought_text})
+            if (done && has_no_number(text)) fault += " in the text: " + text;
+        if (!fault.empty()) failures.add(i, fault, described(fluid, request));
+    }
+    EXPECT_GT(found, count / 50);
+}
+
 }  // namespace

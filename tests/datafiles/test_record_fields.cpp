@@ -104,6 +104,7 @@ TEST(RecordFields, WrongNamesAndValuesAreTold) {
     EXPECT_EQ(set_field(r, "M", "heavy"), "\"heavy\" is no number for M.");
     EXPECT_EQ(set_field(r, "M", "1e99"), "\"1e99\" is no number for M.");
     EXPECT_EQ(set_field(r, "M", "nan"), "\"nan\" is no number for M.");
+    EXPECT_EQ(set_field(r, "Tcrit", "1e39"), "\"1e39\" is no number for Tcrit.");
     EXPECT_EQ(set_field(r, "M", ""), "\"\" is no number for M.");
     EXPECT_EQ(set_field(r, "M", "1,5"), "\"1,5\" is no number for M.");
     EXPECT_EQ(set_field(r, "WAG.TLo", "40000"), "\"40000\" is no whole number for WAG.TLo.");

@@ -57,4 +57,17 @@ TEST(Steps, ALoopThatWouldRunForEverKeepsToTheWindow) {
     EXPECT_EQ(values(Steps::plain(0, 100, 1).within(10, 20)).size(), 101U);
 }
 
+TEST(Steps, ALoopWithoutAWindowRunsABoundedNumberOfPassesToItsEnd) {
+    for (const Steps& loop : {Steps::clamped(0, 1000, 1e-12), Steps::plain(0, 1000, 1e-12),
+                              Steps::clamped(1000, 0, -1e-12)}) {
+        const auto passes = values(loop);
+        EXPECT_LE(passes.size(), 50001U);
+        EXPECT_GT(passes.size(), 10000U);
+    }
+    EXPECT_EQ(values(Steps::clamped(0, 1000, 1e-12)).back(), 1000);
+    EXPECT_NEAR(values(Steps::plain(0, 1000, 1e-12)).back(), 1000, 1e-9);
+    EXPECT_EQ(values(Steps::plain(0, 50000, 1)).size(), 50001U / 2 + 1);
+    EXPECT_EQ(values(Steps::plain(0, 49999, 1)).size(), 50000U) << "not yet too many";
+}
+
 }  // namespace

@@ -46,6 +46,7 @@ starts "no home" env -u HOME
 starts "a home that is not there" env HOME="$work/home/file/none"
 starts "an empty name of the home" env HOME=
 starts "no fonts" env FONTCONFIG_FILE=/dev/null
+grep -q 'this machine has no fonts' "$work/out" || fail "that there are no fonts is not said"
 starts "no locale of that name" env LC_ALL=xx_XX.UTF-8
 for time in '1970-01-01 00:00:00' '2199-12-31 23:59:59'; do
   starts "the clock at $time" faketime -f "@$time"

@@ -181,6 +181,35 @@ TEST_F(VapourPressureEquations, WithoutABoilingPointNothingIsCorrelated) {
     EXPECT_EQ(s.thompson.A, 0);
 }
 
+TEST_F(VapourPressureEquations, PointsThatMakeNoSenseLeaveNoSetOfInfiniteNumbers) {
+    using enum models::VapourPressureEquation;
+    const double worst[] = {1e-30, 1e-6, 1, 300, 1e30, 3e38};
+    int left_out = 0, sets = 0;
+    for (const double Tcrit : worst)
+        for (const double pcrit : worst)
+            for (const double Tboil : worst) {
+                s = fluids::Row("Propane");
+                s.Tcrit = Tcrit;
+                s.pcrit = pcrit;
+                s.Tboil = static_cast<float>(Tboil);
+                for (const auto equation : {frostVanDerWaals, frostRedlichKwong, thompson})
+                    models::correlate_vapour_pressure(s, equation, Tcrit, pcrit, Tboil);
+                models::correlate_august(s);
+                for (const models::FrostSet* set : {&s.frost_van_der_waals, &s.frost_redlich_kwong})
+                    for (const float x : set->a) EXPECT_TRUE(std::isfinite(x));
+                for (const float x :
+                     {s.thompson.A, s.thompson.B, s.thompson.C, s.august.A, s.august.B})
+                    EXPECT_TRUE(std::isfinite(x)) << Tcrit << " " << pcrit << " " << Tboil;
+                ++(s.frost_van_der_waals.a[0] == 0 ? left_out : sets);
+            }
+    EXPECT_GT(left_out, 20);
+    EXPECT_GT(sets, 20);
+    // Far beyond the record's boiling point the equation is that far from its validity, in 16 bits.
+    s = fluids::correlated_row("Propane");
+    s.Tboil = 1e30F;
+    EXPECT_EQ(models::vapour_pressure(s, 300, august)->deviation, -32768);
+}
+
 TEST_F(VapourPressureEquations, AFrostEquationWithoutItsPressureTermIsExplicit) {
     s.frost = {};
     s.frost.a = {10, -1500, 273.15F, -1, 0, 0, 0, 0, 0};
