@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
+#include "gui/widgets/form.h"
 #include "gui/widgets/theme.h"
 
 namespace quor::app {
@@ -34,7 +35,7 @@ FirstSteps::FirstSteps(QWidget* parent) : QFrame(parent) {
     layout->setSpacing(gui::theme::kGap);
     int number = 0;
     for (const char* line : kLines) {
-        auto* label = new QLabel(line);
+        auto* label = gui::form::label(line);
         label->setObjectName(QString("lblFirstSteps_%1").arg(number));
         label->setWordWrap(true);
         // A press on a label counts as one on the panel.

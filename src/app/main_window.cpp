@@ -214,7 +214,8 @@ void MainWindow::fillWindowList(QMenu* menu) {
     command("Close All", "mnuWindow_CloseAll", &QMdiArea::closeAllSubWindows);
     menu->addSeparator();
     for (QMdiSubWindow* sub : area_->subWindowList()) {
-        QAction* action = menu->addAction(sub->windowTitle().replace('&', "&&"));
+        QAction* action =
+            menu->addAction(gui::form::captionOf(sub->windowTitle().replace("[*][*]", "[*]")));
         action->setCheckable(true);
         action->setChecked(sub == area_->activeSubWindow());
         connect(action, &QAction::triggered, sub, [this, sub] { area_->setActiveSubWindow(sub); });
@@ -367,7 +368,7 @@ void MainWindow::buildStatusBar() {
     bar->setObjectName("StatusBar1");
     constexpr int kStretch[] = {2, 3, 3, 0};
     for (std::size_t i = 0; i < panels_.size(); ++i) {
-        panels_[i] = gui::form::named(new QLabel, QString("StatusBar1_%1").arg(i + 1));
+        panels_[i] = gui::form::named(gui::form::label(), QString("StatusBar1_%1").arg(i + 1));
         panels_[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         panels_[i]->setMinimumWidth(kPanelWidth);
         panels_[i]->setIndent(gui::theme::kGap);

@@ -25,10 +25,10 @@ TipDialog::TipDialog(gui::Desk& desk) : QDialog(desk.frameWindow()) {
     setWindowTitle("Tips");
     setAttribute(Qt::WA_DeleteOnClose);
 
-    auto* picture = new QLabel;
+    auto* picture = gui::form::label();
     picture->setPixmap(gui::theme::icon("first_steps").pixmap(kPicture, kPicture));
     picture->setAlignment(Qt::AlignTop);
-    text_ = gui::form::named(new QLabel, "lblTipText");
+    text_ = gui::form::named(gui::form::label(), "lblTipText");
     text_->setWordWrap(true);
     text_->setTextFormat(Qt::PlainText);
     text_->setAlignment(Qt::AlignTop | Qt::AlignLeft);

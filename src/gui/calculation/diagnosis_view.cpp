@@ -43,7 +43,7 @@ QString legendText(const report::Diagnosis& d) {
 DiagnosisView::DiagnosisView(Desk& desk, QWidget* parent)
     : ChildView(desk, "frmCEOSDiagnose", parent) {
     setWindowIcon(theme::icon("calculate"));
-    state_ = form::named(new QLabel, "lblState");
+    state_ = form::named(form::label(), "lblState");
     plot_ = new IsothermPlot;
     legend_ = form::named(form::note(), "lblLegend");
     auto* grid = form::grid();
@@ -51,7 +51,7 @@ DiagnosisView::DiagnosisView(Desk& desk, QWidget* parent)
     grid->setHorizontalSpacing(theme::kGroupGap);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const auto label = [&](const char* name, int column) {
-            auto* one = form::named(new QLabel, QString("%1_%2").arg(name).arg(i + 1));
+            auto* one = form::named(form::label(), QString("%1_%2").arg(name).arg(i + 1));
             one->setTextInteractionFlags(Qt::TextSelectableByMouse);
             one->setFont(theme::fixedPitch());
             grid->addWidget(one, static_cast<int>(i), column);
@@ -93,7 +93,7 @@ void DiagnosisView::print() {
 void DiagnosisView::open() {
     const report::TaskResult& result = session_->results.current;
     const report::Diagnosis diagnosis = report::diagnose(result.made.fluid, result.answer.last);
-    setWindowTitle(qt(diagnosis.title));
+    setWindowTitle(form::titleOf(qt(diagnosis.title)));
     state_->setText(stateText(result.made.fluid, diagnosis));
     legend_->setText(legendText(diagnosis));
     plot_->showDiagnosis(diagnosis);

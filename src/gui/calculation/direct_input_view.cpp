@@ -111,7 +111,7 @@ void DirectInputView::arrange() {
     amount_->button(0)->setChecked(true);
     connect(amount_, &QButtonGroup::idClicked, this, &DirectInputView::follow);
 
-    picture_ = form::named(new QLabel, "Picture1");
+    picture_ = form::named(form::label(), "Picture1");
     picture_->setAlignment(Qt::AlignTop);
     ok_ = form::button("&Calculate", "cmdParameter_OK");
     connect(ok_, &QPushButton::clicked, this, &DirectInputView::calculate);

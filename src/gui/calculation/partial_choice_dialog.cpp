@@ -23,7 +23,7 @@ namespace {
 constexpr int kTextCharacters = 78;  // width of the texts, in characters of average width
 
 QLabel* textBlock(const QString& name) {
-    auto* label = form::named(new QLabel, name);
+    auto* label = form::named(form::label(), name);
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText);
     label->setMinimumWidth(kTextCharacters * label->fontMetrics().averageCharWidth());
@@ -107,7 +107,7 @@ QWidget* PartialChoiceDialog::buildReference() {
     auto* page = form::helpButton("BENSON_HELP", "the second reference point");
     desk_.connectHelp(page, help::kReferencePoint);
     auto* top = new QHBoxLayout;
-    top->addWidget(form::named(new QLabel("Choose one of these options:"), "Bz1"), 1);
+    top->addWidget(form::named(form::label("Choose one of these options:"), "Bz1"), 1);
     top->addWidget(page);
 
     auto* layout = new QVBoxLayout(referenceFrame_);

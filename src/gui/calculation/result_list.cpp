@@ -127,7 +127,7 @@ PhaseHead::PhaseHead(ResultList* list, QWidget* parent) : QWidget(parent), list_
     grid_ = new QGridLayout(this);
     grid_->setSpacing(0);
     const auto label = [&](const QString& name, int column) {
-        auto* one = form::named(new QLabel, name);
+        auto* one = form::named(form::label(), name);
         one->setFont(theme::fixedPitch());
         one->setAlignment(Qt::AlignRight | Qt::AlignBottom);
         grid_->addWidget(one, 0, column);

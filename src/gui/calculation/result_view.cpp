@@ -47,7 +47,7 @@ ResultView::ResultView(Desk& desk, ResultCommands commands, QWidget* parent)
     list_ = new ResultList;
     head_ = new PhaseHead(list_);
     setFocusProxy(list_);
-    status_ = form::named(new QLabel, "statusZeile");
+    status_ = form::named(form::label(), "statusZeile");
     status_->setForegroundRole(QPalette::PlaceholderText);
     connect(list_, &ResultList::copied, status_, &QLabel::setText);
     arrange();
@@ -99,9 +99,9 @@ void ResultView::followSession() {
 ResultView::ResultLine ResultView::resultLine(const QString& name) {
     ResultLine line;
     line.box = new QWidget;
-    line.sign = form::named(new QLabel("!"), name + "_sign");
+    line.sign = form::named(form::label("!"), name + "_sign");
     line.sign->setToolTip("This tells of an error");
-    line.text = form::named(new QLabel, name);
+    line.text = form::named(form::label(), name);
     line.text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     line.text->setTextFormat(Qt::PlainText);
     auto* row = new QHBoxLayout(line.box);
@@ -207,8 +207,8 @@ QWidget* ResultView::buildProtocol() {
     connect(write_, &QPushButton::clicked, this, &ResultView::writeProtocol);
     openNew_ = form::button("Close file / Open new file", "cmdOpenNew");
     connect(openNew_, &QPushButton::clicked, this, &ResultView::newProtocol);
-    auto* file = form::named(new QLabel("File:"), "lblFile");
-    protocolName_ = form::named(new QLabel, "lblProtText2");
+    auto* file = form::named(form::label("File:"), "lblFile");
+    protocolName_ = form::named(form::label(), "lblProtText2");
     protocolName_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     auto* commands = new QHBoxLayout;
@@ -288,7 +288,7 @@ void ResultView::arrange() {
 void ResultView::follow() {
     const report::TaskResult& result = session_->results.current;
     const bool panels = !result.report.panels_hidden;
-    specification_->setTitle(qt(report::input_caption(result.data_set)));
+    specification_->setTitle(form::captionOf(qt(report::input_caption(result.data_set))));
     specification_->setVisible(panels);
     back_->setVisible(view_.step_visible);
     forward_->setVisible(view_.step_visible);

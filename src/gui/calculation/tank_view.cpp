@@ -66,7 +66,7 @@ TankView::TankView(Desk& desk, QWidget* parent) : ChildView(desk, "frmKessel", p
 
 QWidget* TankView::buildLegend() {
     const auto label = [](const QString& name) {
-        auto* one = form::named(new QLabel, name);
+        auto* one = form::named(form::label(), name);
         one->setTextInteractionFlags(Qt::TextSelectableByMouse);
         return one;
     };
@@ -111,8 +111,8 @@ void TankView::print() {
 void TankView::open() {
     const report::TaskResult& result = session_->results.current;
     const report::TankPicture picture = report::describe_tank(report::tank_state_of(result));
-    setWindowTitle(qt(picture.title));
-    frame_->setTitle(qt(picture.caption));
+    setWindowTitle(form::titleOf(qt(picture.title)));
+    frame_->setTitle(form::captionOf(qt(picture.caption)));
     drawing_->showPicture(picture);
     level_->setText(qt(picture.level_text));
     pressure_->setText(qt(picture.p_text));

@@ -55,9 +55,9 @@ FileView::FileView(Desk& desk, const dialogs::FileChoice& choice, QWidget* paren
       folders_(form::named(new QListWidget, "dirOpenList")),
       files_(form::named(new QListWidget, "filOpenList")),
       name_(form::named(new QLineEdit, "txtOpenFile")),
-      path_(form::named(new QLabel, "lblOpenPath")),
-      database_(form::named(new QLabel, "lblDataBase")),
-      comment_(form::named(new QLabel, "lblComment")),
+      path_(form::named(form::label(), "lblOpenPath")),
+      database_(form::named(form::label(), "lblDataBase")),
+      comment_(form::named(form::label(), "lblComment")),
       substance_(shown("Text1")),
       date_(shown("Text2")),
       ok_(form::button(choice.save ? "&Save" : "&Open", "cmdOpenOK")),
@@ -66,7 +66,7 @@ FileView::FileView(Desk& desk, const dialogs::FileChoice& choice, QWidget* paren
     setObjectName("frmCmnDlg");
     setWindowTitle("Standard Dialogs");
     resize(kFirstSize);
-    auto* title = form::named(new QLabel(qt(choice.title)), "lblOpenFile");
+    auto* title = form::named(form::label(qt(choice.title)), "lblOpenFile");
     QFont bold = title->font();
     bold.setBold(true);
     title->setFont(bold);
@@ -155,7 +155,7 @@ void FileView::showFolder(const QString& path) {
     folder_ = folder.absolutePath();
     path_->setText(
         qt(paths::shorten_path(QDir::toNativeSeparators(folder_).toStdString(), kPathCharacters)));
-    path_->setToolTip(QDir::toNativeSeparators(folder_));
+    path_->setToolTip(form::tip(QDir::toNativeSeparators(folder_)));
     folders_->clear();
     if (!folder.isRoot()) folders_->addItem("..");
     folders_->addItems(folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name));

@@ -373,8 +373,8 @@ void MeasuredDataEditor::arrange() {
         change("Change comment",
                [this](Content& d) { d.comment = comment_->text().toStdString(); });
     });
-    file_ = form::named(new QLabel, "lblBatchFile");
-    status_ = form::named(new QLabel, "lblStatus");
+    file_ = form::named(form::label(), "lblBatchFile");
+    status_ = form::named(form::label(), "lblStatus");
 
     auto* side = new QVBoxLayout;
     side->setSpacing(theme::kGap);

@@ -109,7 +109,7 @@ void SubstanceDialog::buildSearch() {
 
     names_ = form::named(new QComboBox, "NameCombo");
     names_->setToolTip(" All names of this substance in the database ");
-    formula_ = form::named(new QLabel, "lblFormula");
+    formula_ = form::named(form::label(), "lblFormula");
     formula_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     note_ = form::named(form::note(), "lblNote");
 }

@@ -121,7 +121,7 @@ QWidget* SubstanceEditorView::buildHead() {
         layout->addWidget(edit, index == 83 ? 3 : 1);
     }
     layout->addSpacing(theme::kGroupGap);
-    layout->addWidget(form::named(new QLabel(qt(datafiles::kEditorLegend)), "lblLegend"));
+    layout->addWidget(form::named(form::label(qt(datafiles::kEditorLegend)), "lblLegend"));
     return head;
 }
 
@@ -131,7 +131,7 @@ QWidget* SubstanceEditorView::buildPage(EditorTab tab) {
     grid->setHorizontalSpacing(theme::kGroupGap);
     int top = 0, columns = 0;
     if (tab == EditorTab::VapourPressure) {
-        equation_ = form::named(new QLabel, "lblVP");
+        equation_ = form::named(form::label(), "lblVP");
         auto* help = form::helpButton("cmdP0", "vapour pressure equations");
         grid->addWidget(withHelp(help, help::kVapourPressure, equation_), 0, 0, 1, 6);
         top = 1;
@@ -144,7 +144,7 @@ QWidget* SubstanceEditorView::buildPage(EditorTab tab) {
     }
     const int below = grid->rowCount();
     if (tab == EditorTab::HeatCapacity) {
-        auto* forms = form::named(new QLabel(kCpForms), "lblCpForms");
+        auto* forms = form::named(form::label(kCpForms), "lblCpForms");
         auto* help = form::helpButton("cmdCpHelp", "heat capacities");
         grid->addWidget(withHelp(help, help::kIdealGasCp, forms), below, 0, 1, columns);
     }
@@ -252,7 +252,7 @@ QWidget* SubstanceEditorView::triplePointChoice() {
     auto* layout = new QVBoxLayout(box);
     layout->setContentsMargins({});
     layout->setSpacing(theme::kGap);
-    layout->addWidget(new QLabel("Triple point pressure"));
+    layout->addWidget(form::label("Triple point pressure"));
     triplePoint_[0] = form::named(new QRadioButton("from data base"), "optpSL_0");
     triplePoint_[1] =
         form::named(new QRadioButton("from actual vapour-pressure equation"), "optpSL_1");
@@ -296,13 +296,13 @@ QWidget* SubstanceEditorView::buildCommands() {
     write->setEnabled(!readOnly_);
     connect(write, &QPushButton::clicked, this, &SubstanceEditorView::writeDatabase);
     auto* about =
-        form::named(new QLabel("Save all changed data in a special database file *.Q05 => Click "),
+        form::named(form::label("Save all changed data in a special database file *.Q05 => Click "),
                     "lblWriteDataBase");
     about->setBuddy(write);
 
-    status_ = form::named(new QLabel(qt(session::database_caption(session_))), "statusZeile");
+    status_ = form::named(form::label(qt(session::database_caption(session_))), "statusZeile");
     auto* note = form::named(
-        new QLabel(readOnly_ ? "...but not editable from here " : qt(datafiles::kEditorNote)),
+        form::label(readOnly_ ? "...but not editable from here " : qt(datafiles::kEditorNote)),
         "lblNote");
     note->setForegroundRole(QPalette::PlaceholderText);
 
@@ -344,7 +344,7 @@ void SubstanceEditorView::showTexts(const EditorTexts& texts) {
 
 // What the session says of the substance stands in several places of the view.
 void SubstanceEditorView::follow() {
-    setWindowTitle("View/Edit Data   " + qt(session_->substance.name));
+    setWindowTitle(form::titleOf("View/Edit Data   " + qt(session_->substance.name)));
     equation_->setText(qt(session::active_equation_caption(session_)));
 }
 

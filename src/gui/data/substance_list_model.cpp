@@ -3,6 +3,7 @@
 #include "common/text.h"
 #include "datafiles/search.h"
 #include "datafiles/synonyms.h"
+#include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 
 namespace quor::gui {
@@ -45,7 +46,8 @@ QVariant SubstanceListModel::data(const QModelIndex& index, int role) const {
         case Qt::EditRole:
             return cell(entry, index.column());
         case Qt::ToolTipRole:
-            return index.column() == Name ? qt(text::trim_right(entry.name)) : QVariant();
+            return index.column() == Name ? form::tip(qt(text::trim_right(entry.name)))
+                                          : QVariant();
         case kSearchRole:
             return qt(entry.name + " " + entry.formula + " " + entry.casrn);
         case kLooseRole:

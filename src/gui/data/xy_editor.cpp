@@ -98,7 +98,7 @@ XyEditor::XyEditor(Desk& desk, QWidget* parent) : ChildView(desk, "frmManuInput"
     desk_.connectHelp(help, help::kXYEditor);
     QPushButton* close = form::button("&Close", "ESC");
     connect(close, &QPushButton::clicked, this, &XyEditor::closeView);
-    status_ = form::named(new QLabel, "statusZeile");
+    status_ = form::named(form::label(), "statusZeile");
     status_->setForegroundRole(QPalette::PlaceholderText);
     auto* bottom = new QHBoxLayout;
     bottom->setSpacing(theme::kGap);
@@ -166,7 +166,7 @@ void XyEditor::buildTable() {
             (isX ? point.x : point.y) = value;
         });
     });
-    empty_ = form::named(new QLabel("empty list"), "lblEmpty");
+    empty_ = form::named(form::label("empty list"), "lblEmpty");
     empty_->setAlignment(Qt::AlignCenter);
     empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
 }

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <algorithm>
 
+#include "gui/widgets/form.h"
 #include "gui/widgets/theme.h"
 
 namespace quor::gui {
@@ -45,7 +46,7 @@ ChartWindow::ChartWindow(Desk& desk, const QString& name, const QString& icon)
     setObjectName(name);
     setWindowIcon(theme::icon(icon));
     setContextMenuPolicy(Qt::NoContextMenu);
-    status_ = new QLabel;
+    status_ = form::label();
     status_->setObjectName("lblReadout");
     statusBar()->addWidget(status_, 1);
     menuBar()->setNativeMenuBar(false);
@@ -96,7 +97,7 @@ void ChartWindow::addDesignPanel(QWidget* panel) {
 }
 
 void ChartWindow::setCaption(const QString& given, const QString& file) {
-    setWindowTitle(file.isEmpty() ? given : "Filename: " + file);
+    setWindowTitle(form::titleOf(file.isEmpty() ? given : "Filename: " + file));
 }
 
 }  // namespace quor::gui

@@ -20,14 +20,14 @@ CurveParameterDialog::CurveParameterDialog(diagrams::Section section, const diag
 
     value_ = form::named(new NumberEdit, "rText");
     value_->setValue(field.value);
-    hint_ = form::named(new QLabel(" "), "lblTextHinweis");
+    hint_ = form::named(form::label(" "), "lblTextHinweis");
     QPalette red = hint_->palette();
     red.setColor(QPalette::WindowText, theme::errorColour());
     hint_->setPalette(red);
 
     auto* grid = form::grid();
     grid->setContentsMargins({});
-    grid->addWidget(form::named(new QLabel(qt(field.heading)), "lblHeading"), 0, 1);
+    grid->addWidget(form::named(form::label(qt(field.heading)), "lblHeading"), 0, 1);
     form::addRow(grid, 1, qt(field.caption), value_, qt(field.unit));
     grid->addWidget(hint_, 2, 0, 1, 3);
 

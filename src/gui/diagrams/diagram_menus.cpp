@@ -15,6 +15,7 @@
 #include "gui/chart/picture_commands.h"
 #include "gui/diagrams/design_panel.h"
 #include "gui/diagrams/diagram_window.h"
+#include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "session/diagram_choice.h"
@@ -373,7 +374,7 @@ std::vector<MenuRow> DiagramWindow::windowButtons() {
 
 void DiagramWindow::buildToolBar() {
     QToolBar* bar = menus_.addToolBar("Toolbar2D", drawButtons());
-    parameter_ = new QLabel;
+    parameter_ = form::label();
     parameter_->setObjectName("lblParameter");
     parameter_->setContentsMargins(theme::kGap, 0, theme::kGap, 0);
     // The buttons behind it keep their places while it changes.

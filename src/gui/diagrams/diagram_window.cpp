@@ -31,6 +31,7 @@
 #include "gui/diagrams/design_panel.h"
 #include "gui/diagrams/process_line_dialog.h"
 #include "gui/diagrams/range_input.h"
+#include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "session/diagram_choice.h"
@@ -73,7 +74,7 @@ DiagramWindow::DiagramWindow(Desk& desk, const diagrams::PreparedDiagram& prepar
         refresh();
     });
 
-    fluid_ = new QLabel;
+    fluid_ = form::label();
     fluid_->setObjectName("lblFluid");
     fluid_->setToolTip("Substance and model of the next curve");
     statusBar()->addPermanentWidget(fluid_);

@@ -42,7 +42,7 @@ ProcessLineDialog::ProcessLineDialog(Task task,
     : QDialog(parent), task_(std::move(task)), draw_(std::move(draw)), kind_(task_.line.kind) {
     setObjectName("frmInputProzessLinien");
     setWindowTitle("Input Parameters fpr Processlines");
-    title_ = form::named(new QLabel, "lblTitel");
+    title_ = form::named(form::label(), "lblTitel");
     QFont bold = title_->font();
     bold.setBold(true);
     title_->setFont(bold);
@@ -84,7 +84,7 @@ ProcessLineDialog::ProcessLineDialog(Task task,
     estimate_ = form::button(qt(diagrams::texts_of_process(kind_).command), "cmdVScalc");
     estimate_->setToolTip(qt(diagrams::texts_of_process(kind_).command_tip));
     estimate_->setVisible(!estimate_->text().isEmpty());
-    state_ = form::named(new QLabel, "txtVSCalc");
+    state_ = form::named(form::label(), "txtVSCalc");
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     state_->setMinimumHeight(2 * state_->fontMetrics().lineSpacing());
     start->addWidget(estimate_);

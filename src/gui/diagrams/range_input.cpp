@@ -25,7 +25,7 @@ void RangeInput::build() {
     setObjectName("frmInputProzessLinien");
     grid_ = form::grid();
     grid_->setContentsMargins({});
-    hint_ = form::named(new QLabel(" "), "lblTextHinweis");
+    hint_ = form::named(form::label(" "), "lblTextHinweis");
     QPalette red = hint_->palette();
     red.setColor(QPalette::WindowText, theme::errorColour());
     hint_->setPalette(red);

@@ -75,7 +75,7 @@ QWidget* FitGraphFrame::buildCalculator() {
     connect(value_, &QLineEdit::textEdited, this, [this] { result_->clear(); });
     QPushButton* run = form::button("Calculate <Enter>", "cmdCalc");
     connect(run, &QPushButton::clicked, this, &FitGraphFrame::calculate);
-    result_ = form::named(new QLabel, "lblCalc");
+    result_ = form::named(form::label(), "lblCalc");
     result_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     for (QRadioButton* one : direction_) {
         layout->addWidget(one);

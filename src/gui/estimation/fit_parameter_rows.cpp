@@ -76,7 +76,7 @@ FitParameterRows::FitParameterRows(estimation::FitState& fit, QWidget* parent)
     auto* grid = form::grid(this);
     grid->setContentsMargins({});
     const auto head = [&](const QString& text, int column) {
-        auto* label = new QLabel(text);
+        auto* label = form::label(text);
         grid->addWidget(label, 0, column, Qt::AlignHCenter);
         return label;
     };

@@ -32,21 +32,21 @@ QString shortLabel(const FitModelRow& row, std::size_t i) {
 FitQualityFrame::FitQualityFrame(const estimation::FitState& fit, QWidget* parent)
     : QGroupBox(parent), fit_(fit) {
     setObjectName("fraFQS");
-    sumOfSquares_ = form::named(new QLabel, "lblSQ");
-    sR_ = form::named(new QLabel, "lblsR");
+    sumOfSquares_ = form::named(form::label(), "lblSQ");
+    sR_ = form::named(form::label(), "lblsR");
     for (QLabel* figure : {sumOfSquares_, sR_}) {
         figure->setFont(theme::fixedPitch());
         figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
-    deviations_ = form::named(new QLabel, "lblDeviations");
+    deviations_ = form::named(form::label(), "lblDeviations");
     explanation_ = form::named(form::note(), "lblExplanation");
-    notes_ = form::named(new QLabel, "lblNotes");
+    notes_ = form::named(form::label(), "lblNotes");
     notes_->setWordWrap(true);
     QPalette colours = notes_->palette();
     colours.setColor(QPalette::WindowText, theme::errorColour());
     notes_->setPalette(colours);
 
-    correlationCaption_ = new QLabel("correlation of the parameters");
+    correlationCaption_ = form::label("correlation of the parameters");
     correlation_ = form::named(new QTableWidget, "tblCorrelation");
     correlation_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     correlation_->setSelectionMode(QAbstractItemView::ContiguousSelection);
@@ -75,7 +75,7 @@ void FitQualityFrame::showFit() {
     setVisible(fit_.fitted);
     if (!fit_.fitted) return;
     const estimation::QualityTexts texts = estimation::quality_of(fit_);
-    setTitle(qt(texts.caption));
+    setTitle(form::captionOf(qt(texts.caption)));
     sumOfSquares_->setText(qt(texts.sum_of_squares));
     sR_->setText(qt(texts.residual_deviation));
     explanation_->setText(qt(texts.explain_sum_of_squares) + "\n" +

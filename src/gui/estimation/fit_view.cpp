@@ -38,7 +38,7 @@ constexpr auto kName = "frmQFitting";
 FitView::FitView(Desk& desk, QWidget* parent)
     : ChildView(desk, kName, parent), FollowsSession(desk.session()) {
     setWindowTitle("   Fitting");
-    title_ = form::named(new QLabel, "lblTitle");
+    title_ = form::named(form::label(), "lblTitle");
     rows_ = new FitParameterRows(fit_);
     connect(rows_, &FitParameterRows::changed, this, &FitView::remember);
     quality_ = new FitQualityFrame(fit_);
@@ -126,7 +126,7 @@ QWidget* FitView::buildTabs() {
     tabs_->setUsesScrollButtons(false);
     for (int tab = 0; tab < kTabs; ++tab)
         tabs_->addTab(buildPage(tab), qt(estimation::tab_caption(static_cast<FitTab>(tab))));
-    data_ = form::named(new QLabel, "lblData");
+    data_ = form::named(form::label(), "lblData");
     tabs_->setCornerWidget(data_);
     connect(tabs_, &QTabWidget::currentChanged, this, &FitView::showTab);
     connect(models_, &QButtonGroup::idClicked, this, &FitView::chooseModel);
@@ -149,7 +149,7 @@ QWidget* FitView::buildPage(int tab) {
     if (static_cast<FitTab>(tab) == FitTab::HeatCapacity) {
         auto* box = new QHBoxLayout;
         box->setSpacing(theme::kGap);
-        box->addWidget(new QLabel("Phase:"));
+        box->addWidget(form::label("Phase:"));
         phases_ = new QButtonGroup(this);
         for (std::size_t i = 0; i < kPhases.size(); ++i) {
             const int id = static_cast<int>(i);
@@ -178,10 +178,10 @@ QWidget* FitView::buildEquation() {
     auto* layout = new QVBoxLayout(box);
     layout->setContentsMargins({});
     layout->setSpacing(theme::kGap);
-    equation_ = form::named(new QLabel, "lblEquation");
+    equation_ = form::named(form::label(), "lblEquation");
     equation_->setWordWrap(true);
     equation_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    remark_ = form::named(new QLabel, "lblRemark");
+    remark_ = form::named(form::label(), "lblRemark");
     lg_ = form::named(new QCheckBox("l&g instead of ln"), "chkLg");
     connect(lg_, &QCheckBox::clicked, this, &FitView::changeForm);
     layout->addWidget(equation_);

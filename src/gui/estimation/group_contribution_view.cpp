@@ -100,7 +100,7 @@ GroupContributionView::GroupContributionView(Desk& desk, GroupFrame frame,
     columns->setSpacing(theme::kGroupGap);
     columns->addWidget(buildGroups());
     columns->addLayout(results, 1);
-    status_ = form::named(new QLabel(kExample), "statusZeile");
+    status_ = form::named(form::label(kExample), "statusZeile");
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
     layout->setSpacing(theme::kGroupGap);
@@ -136,7 +136,7 @@ QWidget* GroupContributionView::buildGroups() {
             family = group.family;
             for (const std::string_view start : kColumnStarts)
                 if (family.starts_with(start)) beginColumn();
-            auto* heading = new QLabel(qt(family));
+            auto* heading = form::label(qt(family));
             QFont bold = heading->font();
             bold.setBold(true);
             heading->setFont(bold);

@@ -41,7 +41,7 @@ ManualVirialDialog::ManualVirialDialog(const models::ManualVirial& present, QWid
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
     layout->setSpacing(theme::kGroupGap);
-    layout->addWidget(new QLabel("B/m^3/kmol = b0 - b1/T^b2     (T in K)"));
+    layout->addWidget(form::label("B/m^3/kmol = b0 - b1/T^b2     (T in K)"));
     layout->addLayout(grid);
     layout->addStretch(1);
     layout->addLayout(buttons);

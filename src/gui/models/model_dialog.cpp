@@ -98,8 +98,8 @@ void ModelDialog::arrange() {
     grid->addWidget(watson_, 3, 1, Qt::AlignLeft);
     QToolButton* cpHelp =
         row(4, "&Ideal-gas heat capacity", cp_, "cpHilfe", "ideal-gas heat capacity");
-    densityState_ = form::named(new QLabel, "Rx1");
-    densityRange_ = form::named(new QLabel, "Rx2");
+    densityState_ = form::named(form::label(), "Rx1");
+    densityRange_ = form::named(form::label(), "Rx2");
     QToolButton* rhoHelp =
         row(5, "L-Density = F(T) ", densityState_, "RhoLHilfe", "liquid density");
     grid->addWidget(densityRange_, 6, 1);
@@ -108,7 +108,7 @@ void ModelDialog::arrange() {
     QToolButton* priorityHelp = form::helpButton("PriorHilfe", "priority");
     auto* options = new QVBoxLayout;
     options->setSpacing(theme::kGap);
-    options->addWidget(new QLabel("Calculated by means of"));
+    options->addWidget(form::label("Calculated by means of"));
     options->addWidget(priority_[0]);
     options->addWidget(priority_[1]);
     auto* inFrame = new QHBoxLayout(priorityFrame_);
@@ -203,7 +203,8 @@ void ModelDialog::showSubstance() {
     const models::DensityNote density = models::liquid_density_note(choice_.substance());
     densityState_->setText(qt(density.state));
     densityRange_->setText(qt(density.range));
-    setWindowTitle(" Select the calculation models for " + qt(choice_.substance().name));
+    setWindowTitle(
+        form::titleOf(" Select the calculation models for " + qt(choice_.substance().name)));
 }
 
 void ModelDialog::follow() {

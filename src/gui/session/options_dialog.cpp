@@ -117,7 +117,7 @@ QWidget* OptionsDialog::referenceFrame() {
     row->addWidget(view, 1);
     row->addWidget(help);
     QVBoxLayout* layout = column(box);
-    layout->addWidget(new QLabel("functions"));
+    layout->addWidget(form::label("functions"));
     layout->addLayout(row);
     layout->addStretch(1);
     return box;
@@ -157,17 +157,17 @@ QWidget* OptionsDialog::resolutionFrame() {
     points_->setTickPosition(QSlider::TicksBelow);
     points_->setValue(opened_.points);
     points_->setAccessibleName("points per curve");
-    auto* value = form::named(new QLabel(QString::number(opened_.points)), "Label54");
+    auto* value = form::named(form::label(QString::number(opened_.points)), "Label54");
     value->setMinimumWidth(value->fontMetrics().horizontalAdvance("8888"));
     connect(points_, &QSlider::valueChanged, value, qOverload<int>(&QLabel::setNum));
     auto* row = new QHBoxLayout(box);
     row->setSpacing(theme::kGap);
-    row->addWidget(form::named(new QLabel(QString::number(session::kMinPoints)), "lblSlideMin"));
+    row->addWidget(form::named(form::label(QString::number(session::kMinPoints)), "lblSlideMin"));
     row->addWidget(points_, 1);
-    row->addWidget(form::named(new QLabel(QString::number(session::kMaxPoints)), "lblSlideMax"));
+    row->addWidget(form::named(form::label(QString::number(session::kMaxPoints)), "lblSlideMax"));
     row->addSpacing(theme::kGroupGap);
     row->addWidget(value);
-    row->addWidget(new QLabel("points per curve"));
+    row->addWidget(form::label("points per curve"));
     return box;
 }
 

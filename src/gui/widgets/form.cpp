@@ -17,21 +17,40 @@ namespace quor::gui {
 
 namespace form {
 
+QLabel* label(const QString& text) {
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    return label;
+}
+
+QString tip(const QString& text) {
+    return Qt::mightBeRichText(text) ? "<p>" + text.toHtmlEscaped() + "</p>" : text;
+}
+
+QString captionOf(QString text) {
+    return text.replace('&', "&&");
+}
+
+QString titleOf(QString text) {
+    return text.replace("[*]", "[*][*]");
+}
+
 QLabel* caption(const QString& text, QWidget* buddy) {
-    auto* label = new QLabel(text);
+    auto* label = form::label(text);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setBuddy(buddy);
     return label;
 }
 
 QLabel* unit(const QString& text) {
-    auto* label = new QLabel(text);
+    auto* label = form::label(text);
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return label;
 }
 
 QLabel* note(const QString& text) {
-    auto* label = new QLabel(text);
+    auto* label = form::label(text);
     label->setWordWrap(true);
     label->setForegroundRole(QPalette::PlaceholderText);
     return label;

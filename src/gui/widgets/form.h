@@ -13,6 +13,19 @@ namespace quor::gui {
 /// Small pieces that all views are put together from, so that they look and behave alike.
 namespace form {
 
+/// A label that shows its text as it is written. One of Qt's own would take "<img src=...>" from a
+/// file for a picture and fetch it.
+QLabel* label(const QString& text = {});
+
+/// A text from a file or of the user, so that tool tips show it as it is written.
+QString tip(const QString& text);
+
+/// The same for rows of menus, buttons and titles of frames, where "&" marks an access key.
+QString captionOf(QString text);
+
+/// The same for titles of windows, where "[*]" stands for unsaved changes.
+QString titleOf(QString text);
+
 /// A caption in front of a field, right-aligned to it; its access key leads to the field.
 QLabel* caption(const QString& text, QWidget* buddy = nullptr);
 

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -134,6 +135,7 @@ std::optional<std::string> input(const Input& i) {
     box.setObjectName("InputBox");
     box.setWindowTitle(qt(i.title));
     box.setLabelText(qt(i.text));
+    for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
     box.setTextValue(qt(i.proposal));
     if (box.exec() != QDialog::Accepted) return std::nullopt;
     return box.textValue().toStdString();
