@@ -14,6 +14,7 @@
 #include "datafiles/cell_numbers.h"
 #include "datafiles/substance_file.h"
 #include "models/model_codes.h"
+#include "models/named_reference.h"
 
 namespace quor::datafiles {
 
@@ -221,6 +222,47 @@ std::optional<std::string> utf8_text(std::span<const std::string> lines, std::st
     return std::nullopt;
 }
 
+constexpr std::string_view kReferenceLabel = "refstate=";
+constexpr std::array<std::string_view, 4> kOwnLabels = {"own_T=", "own_p=", "own_h=", "own_s="};
+constexpr std::string_view kOwnPhaseLabel = "own_phase=";
+
+/// The value of a labelled line as it stands; empty without one.
+std::string word(std::span<const std::string> lines, std::string_view label) {
+    for (const std::string& line : lines)
+        if (line.starts_with(label)) return text::trim(line.substr(label.size()));
+    return {};
+}
+
+/// A state of which a value is missing is none.
+void read_reference(std::span<const std::string> lines, ProjectContent& content) {
+    const auto named = models::named_state_of(word(lines, kReferenceLabel));
+    if (!named) return;
+    if (*named == models::NamedState::own) {
+        const std::string phase = word(lines, kOwnPhaseLabel);
+        std::array<double, kOwnLabels.size()> values{};
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const std::optional<double> value = labelled(lines, kOwnLabels[i]);
+            if (!value) return;
+            values[i] = *value;
+        }
+        if (!(values[0] > 0) || !(values[1] > 0) || (phase != "V" && phase != "L")) return;
+        content.own_state = {values[0], values[1], phase == "V", values[2], values[3]};
+    }
+    content.named_reference = *named;
+}
+
+std::string reference_text(const ProjectContent& content) {
+    const models::NamedReference* const named = models::named_reference(content.named_reference);
+    if (named == nullptr) return {};
+    std::string all = std::string(kReferenceLabel) + std::string(named->code) + "\r\n";
+    if (named->state != models::NamedState::own) return all;
+    const models::OwnState& own = content.own_state;
+    const std::array<double, kOwnLabels.size()> values = {own.T, own.p, own.h, own.s};
+    for (std::size_t i = 0; i < values.size(); ++i)
+        all += std::string(kOwnLabels[i]) + exact(values[i]) + "\r\n";
+    return all + std::string(kOwnPhaseLabel) + (own.vapour ? "V" : "L") + "\r\n";
+}
+
 }  // namespace
 
 Result<ProjectContent> read_project(const std::string& ansi_text, const std::string& title) {
@@ -234,6 +276,7 @@ Result<ProjectContent> read_project(const std::string& ansi_text, const std::str
     read_items(rest, content.settings);
     if (rest.size() > kItems) {
         content.manual_virial = read_virial(rest.subspan(kItems));
+        read_reference(rest.subspan(kItems), content);
         const std::vector<std::string> raw = text::lines(ansi_text);
         const auto additional = std::span(raw).subspan(kHeadLines + kItems);
         content.database = utf8_text(additional, kDatabaseLabel).value_or(content.database);
@@ -252,6 +295,7 @@ std::string project_text(const ProjectContent& content) {
     if (const auto& virial = content.manual_virial)
         all += "b0=" + exact(virial->b0) + "\r\nb1=" + exact(virial->b1) +
                "\r\nb2=" + exact(virial->b2) + "\r\n";
+    all += reference_text(content);
     all += utf8_line(kDatabaseLabel, content.database);
     all += utf8_line(kCommentLabel, files::one_line(content.comment));
     return all;

@@ -6,6 +6,7 @@
 
 #include "common/result.h"
 #include "models/model_selection.h"
+#include "models/reference_record.h"
 
 namespace quor::datafiles {
 
@@ -42,8 +43,11 @@ struct ProjectContent {
     std::string database{};  ///< title of its file, any characters
     std::string casrn{};     ///< of the substance, 12 characters
     ProjectSettings settings{};
-    /// Stands behind the items, where a reader that does not know it never looks.
+    // What follows stands behind the items, where a reader that does not know it never looks.
     std::optional<models::ManualVirial> manual_virial{};
+    /// With a named reference state the items hold what it comes to for this fluid.
+    models::NamedState named_reference = models::NamedState::none;
+    models::OwnState own_state{};  ///< with the named state `own`
 };
 
 /// Text files of projects beyond this size are refused.

@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "models/model_tables.h"
+#include "models/named_reference.h"
 
 namespace quor::report {
 
@@ -32,7 +33,17 @@ std::string models_line(const models::ModelSelection& models) {
            "; ideal-gas cp: " + text::trim(models::cp_name(models.cp_form));
 }
 
+/// A state of the user's own is named by its values.
+std::string own_line(const models::OwnState& own, Numbers how) {
+    return "h = " + general(own.h, how) + " kJ/kmol, s = " + general(own.s, how) +
+           " kJ/(kmol K) of the " + (own.vapour ? "vapour" : "liquid") + " at " +
+           at(own.T, own.p, how);
+}
+
 std::string zero_line(const models::ReferenceState& r, Numbers how) {
+    if (r.named == models::NamedState::own) return "Reference state: " + own_line(r.own, how);
+    if (const models::NamedReference* const named = models::named_reference(r.named))
+        return "Reference state: " + std::string(named->name) + ", " + std::string(named->text);
     const std::string state =
         "ideal gas at " + at(static_cast<double>(r.T0), static_cast<double>(r.p0), how);
     switch (r.mode) {

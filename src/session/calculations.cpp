@@ -76,7 +76,8 @@ void step(Session& session, int by) {
 // ---- What results are made with ----------------------------------------------------------------
 
 report::Made present_made(const Session& session) {
-    return report::make_made(session.fluid(), session->reference, unit_choice(session.state()));
+    return report::make_made(session.fluid(), present_reference(session),
+                             unit_choice(session.state()));
 }
 
 bool is_out_of_date(const Session& session, const report::TaskResult& result) {
@@ -111,7 +112,7 @@ const report::TaskResult& calculate(Session& session, const calculation::Request
                                     std::size_t data_set) {
     const auto now = session.change();
     report::ResultSet& results = now->results;
-    results.current = report::make_result(session.fluid(), session->reference,
+    results.current = report::make_result(session.fluid(), present_reference(session),
                                           unit_choice(session.state()), request);
     results.current.data_set = data_set;
     if (data_set >= 1 && data_set <= results.rows.size())
@@ -306,7 +307,7 @@ void set_extended_pages(Session& session, report::ResultView& view, bool functio
 report::Comparison compare_all_sets(Session& session) {
     const BusyPointer busy(session);
     report::Comparison comparison =
-        report::compare(session.fluid(), session->reference, unit_choice(session.state()),
+        report::compare(session.fluid(), present_reference(session), unit_choice(session.state()),
                         session->calculation, measured_sets(session), session->measured.file);
     report::show(comparison.told);
     return comparison;
@@ -362,7 +363,8 @@ std::optional<calculation::ProcessPoint> iso_start(const Session& session) {
 
 report::IsoCalculator open_iso_calculator(const Session& session,
                                           const calculation::ProcessPoint& start) {
-    return {report::make_result(session.fluid(), session->reference, unit_choice(session.state()),
+    return {report::make_result(session.fluid(), present_reference(session),
+                                unit_choice(session.state()),
                                 report::functions_request(start.T, start.p)),
             session->calculation.iso_function, session->calculation.iso_given};
 }

@@ -5,7 +5,7 @@
 namespace quor::session {
 
 diagrams::Basis present_basis(const Session& session) {
-    return {session.fluid(), session->reference, present_units(session),
+    return {session.fluid(), present_reference(session), present_units(session),
             session->calculation.method.reference};
 }
 
@@ -14,7 +14,7 @@ diagrams::Pen present_pen(const Session& session) {
     try {
         pen.basis = present_basis(session);
     } catch (const std::exception&) {
-        pen.basis = {.fluid = session.fluid(), .reference = session->reference};
+        pen.basis = {.fluid = session.fluid(), .reference = present_reference(session)};
     }
     if (!session->substance_set) pen.basis.fluid = {};
     return pen;

@@ -177,6 +177,7 @@ void derive_from_settings(Session& session, const std::optional<ManualVirial>& v
         const bool manual = models.eos == models::Eos::manualVirial;
         result.models_complete =
             manual ? take_virial(session, virial) : compute_constants(session, models.eos);
+        if (result.models_complete) settle_reference_state(session);
     }
     settle_units(session);
 }
@@ -233,6 +234,15 @@ datafiles::ProjectContent present_project(const Session& session) {
         using Told = typename std::remove_reference_t<decltype(told)>::value_type;
         told = static_cast<Told>(own);
     });
+    // The items tell what a named reference state comes to, for readers that know none.
+    const models::ReferenceState reference = present_reference(session);
+    content.settings.reference_mode = reference.mode;
+    content.settings.href = reference.href;
+    content.settings.sref = reference.sref;
+    content.settings.T0 = reference.T0;
+    content.settings.p0 = reference.p0;
+    content.named_reference = reference.named;
+    content.own_state = reference.own;
     if (session->models.eos == models::Eos::manualVirial)
         content.manual_virial = session->models.manual_virial;
     return content;
@@ -308,6 +318,8 @@ ProjectResult load_project(Session& session, const PreparedProject& project) {
     ProjectResult result{.loaded = true};
     read_project_substance(session, project.content.casrn, result);
     apply_settings(session, project.content.settings);
+    now->reference.named = project.content.named_reference;
+    now->reference.own = project.content.own_state;
     derive_from_settings(session, project.content.manual_virial, result);
     now->project_comment = project.content.comment;
     // The last session is no project of the user's.

@@ -1,6 +1,9 @@
 #include "session/session.h"
 
 #include "common/dialogs.h"
+#include "models/named_reference.h"
+
+#include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/whole_file.h"
@@ -68,6 +71,32 @@ void reset_session(Session& session) {
                  {Command::calculations, Command::options, Command::fitting, Command::diagrams,
                   Command::surfaces, Command::saveProject, Command::toolSave},
                  false);
+}
+
+models::ReferenceState present_reference(const Session& session) {
+    const Result<models::ReferenceState> resolved =
+        models::resolved_reference(session.fluid(), session->reference);
+    if (resolved) return *resolved;
+    models::ReferenceState zero = session->reference;
+    zero.named = models::NamedState::none;
+    zero.mode = 1;
+    zero.href = zero.sref = 0;
+    return zero;
+}
+
+void settle_reference_state(Session& session) {
+    const Result<models::ReferenceState> resolved =
+        models::resolved_reference(session.fluid(), session->reference);
+    if (resolved) return;
+    const models::NamedState proposed = models::proposed_reference(session.fluid());
+    const models::NamedReference* const row = models::named_reference(proposed);
+    const std::string instead =
+        row == nullptr ? "h = 0, s = 0 of the ideal gas" : std::string(row->text);
+    const auto now = session.change();
+    if (row == nullptr) now->reference = present_reference(session);
+    now->reference.named = proposed;
+    dialogs::tell(resolved.reason() + "\nThe zero of h and s is now: " + instead + ".",
+                  "Reference state");
 }
 
 models::UnitChoice unit_choice(const SessionState& state) {

@@ -81,6 +81,13 @@ void reset_everything(Session& session);
 /// Clears what depends on the substance and disables the commands that need one.
 void reset_session(Session& session);
 
+/// The reference state resolved for the present fluid. Where the fluid lacks a named one, h and s
+/// of the ideal gas are 0: `settle_reference_state` has told it and proposed another.
+models::ReferenceState present_reference(const Session& session);
+/// After a change of fluid or models: where the fluid lacks the named state, that is told with the
+/// reason, and a state that it has takes its place.
+void settle_reference_state(Session& session);
+
 /// The choice of units, with T/K of the divisor R T.
 models::UnitChoice unit_choice(const SessionState& state);
 /// The units of the present fluid. Throws as `models::make_units`.

@@ -97,6 +97,7 @@ bool take_models(Session& session, const models::ModelChoice& choice) {
         return false;
     }
     const auto now = session.change();
+    settle_reference_state(session);
     enable_model_commands(session);
     renew_limits(session);
     return true;

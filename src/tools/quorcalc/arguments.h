@@ -16,6 +16,7 @@ struct Arguments {
     std::string db, substance, vp, units, priority;
     std::optional<int> eos, hlv, cp, refmode;
     std::optional<double> watson, href, sref, T0, p0, Tenv, penv;
+    std::string refstate;          ///< a named reference state, see options.cpp
     std::string benson;            ///< T,p,rhoL,rhoV
     std::vector<std::string> set;  ///< FIELD=VALUE
     bool json = false;

@@ -78,7 +78,7 @@ calculation::Request request_of(const Call& call, const Arguments& a) {
 Json calc(Call& call, const Arguments& a) {
     set_up(call, a);
     const report::TaskResult result =
-        report::make_result(call.session.fluid(), call.session->reference,
+        report::make_result(call.session.fluid(), session::present_reference(call.session),
                             session::unit_choice(call.session.state()), request_of(call, a));
     report::show(messages(result, report::Tell::remarks));
     const report::Report& r = result.report;
@@ -129,9 +129,10 @@ Json batch(Call& call, const Arguments& a) {
     state.task = task_of(asked);
     state.pages = pages_of(asked);
     refuse_pages(state.task, state.pages);
-    const report::Comparison comparison = report::compare(
-        call.session.fluid(), call.session->reference, session::unit_choice(call.session.state()),
-        state, session::measured_sets(call.session), call.session->measured.file);
+    const report::Comparison comparison =
+        report::compare(call.session.fluid(), session::present_reference(call.session),
+                        session::unit_choice(call.session.state()), state,
+                        session::measured_sets(call.session), call.session->measured.file);
     report::show(comparison.told);
     const std::string title = report::title_of(state.task, state.method);
     const bool extended = state.pages.tables();

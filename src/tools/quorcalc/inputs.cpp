@@ -1,6 +1,7 @@
 #include "common/text.h"
 #include "models/model_codes.h"
 #include "models/model_tables.h"
+#include "models/named_reference.h"
 #include "models/units.h"
 #include "report/made.h"
 #include "session/session_status.h"
@@ -30,7 +31,9 @@ Json units_of(const session::Session& session, bool chosen) {
 }
 
 Json reference_of(const models::ReferenceState& r) {
-    return {{"mode", r.mode},
+    const models::NamedReference* const named = models::named_reference(r.named);
+    return {{"state", named == nullptr ? Json() : Json(named->code)},
+            {"mode", r.mode},
             {"href", number(r.href)},
             {"sref", number(r.sref)},
             {"T0", number(static_cast<double>(r.T0))},
@@ -48,7 +51,7 @@ void name_inputs(const session::Session& session, const Command& command, Json& 
     add("substance", text::trim(session->substance.name));
     add("model", models_of(session->models));
     add("units", units_of(session, command.in_chosen_units));
-    add("reference", reference_of(session->reference));
+    add("reference", reference_of(session::present_reference(session)));
 }
 
 }  // namespace quor::quorcalc

@@ -21,6 +21,9 @@ constexpr Option kCommon[] = {
     {"priority", &A::priority, "p(LV), T(LV) from: ceos or vp", kPriorities},
     {"units", &A::units, "units of the results", kUnits},
     {"refmode", &A::refmode, "reference state: 1, 2 or 10", kReferences},
+    {"refstate", &A::refstate,
+     "zero of h and s: iir, ashrae, nbp, water, conventional, formation, or own:T,p,V|L,h,s "
+     "(K, kPa, kJ/kmol, kJ/(kmol K))"},
     {"href", &A::href, "h(ref), kJ/kmol"},
     {"sref", &A::sref, "s(ref), kJ/(kmol K)"},
     {"T0", &A::T0, "reference temperature, K"},

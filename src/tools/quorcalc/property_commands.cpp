@@ -73,7 +73,7 @@ Json numbers_from(const Array& values, std::size_t first) {
 /// Null where there are no functions or no exergies.
 Json phase(const session::Session& session, double T, double p, double v) {
     const models::Fluid& fluid = session.fluid();
-    models::ReferenceState reference = session->reference;
+    models::ReferenceState reference = session::present_reference(session);
     models::settle_reference(reference);
     const auto r = models::state_functions(fluid, reference,
                                            models::surroundings_state(fluid, reference), T, p, v);

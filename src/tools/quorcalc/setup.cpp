@@ -8,6 +8,7 @@
 #include "models/model_choice.h"
 #include "models/model_codes.h"
 #include "models/model_tables.h"
+#include "models/named_reference.h"
 #include "models/vapour_pressure.h"
 #include "session/substance_session.h"
 #include "session/take_models.h"
@@ -205,6 +206,41 @@ void choose_units(session::Session& session, const Arguments& a) {
     session::settle_units(session);
 }
 
+/// T,p,V|L,h,s.
+models::OwnState own_state(const std::string& typed) {
+    const std::vector<std::string> parts = text::split(typed, ',');
+    const auto at = [&](std::size_t i) {
+        const auto value = numbers::number(parts[i]);
+        if (!value) throw WrongCall{"--refstate own: not a number: " + parts[i]};
+        return *value;
+    };
+    if (parts.size() != 5 || (parts[2] != "V" && parts[2] != "L"))
+        throw WrongCall{"--refstate own needs T,p,V|L,h,s"};
+    return {.T = at(0), .p = at(1), .vapour = parts[2] == "V", .h = at(3), .s = at(4)};
+}
+
+void choose_named_reference(models::ReferenceState& r, const Arguments& a) {
+    constexpr std::string_view kOwn = "own:";
+    if (a.refstate.empty()) return;
+    for (const bool given : {a.refmode.has_value(), a.href.has_value(), a.sref.has_value(),
+                             a.T0.has_value(), a.p0.has_value()})
+        if (given)
+            throw WrongCall{"--refstate does not go with --refmode, --href, --sref, --T0, --p0"};
+    if (a.refstate == "conventional") {
+        r.mode = 2;
+    } else if (a.refstate == "formation") {
+        r.mode = 10;
+    } else if (a.refstate.starts_with(kOwn)) {
+        r.named = models::NamedState::own;
+        r.own = own_state(a.refstate.substr(kOwn.size()));
+    } else {
+        const auto named = models::named_state_of(a.refstate);
+        if (!named || *named == models::NamedState::own)
+            throw WrongCall{"--refstate: not known: " + a.refstate};
+        r.named = *named;
+    }
+}
+
 void choose_reference(session::SessionState& state, const Arguments& a) {
     models::ReferenceState& r = state.reference;
     if (a.refmode) r.mode = static_cast<std::int16_t>(*a.refmode);
@@ -214,6 +250,7 @@ void choose_reference(session::SessionState& state, const Arguments& a) {
     if (a.p0) r.p0 = static_cast<float>(*a.p0);
     if (a.Tenv) r.Tenv = *a.Tenv == 0 ? 1e-6 : *a.Tenv;
     if (a.penv) r.penv = *a.penv;
+    choose_named_reference(r, a);
     if (a.benson.empty()) return;
     const std::vector<std::string> parts = text::split(a.benson, ',');
     if (parts.size() != 4) throw WrongCall{"--benson needs T,p,rhoL,rhoV"};
@@ -261,6 +298,8 @@ void set_up(Call& call, const Arguments& a) {
     choose_models(session, a);
     choose_units(session, a);
     choose_reference(*session.change(), a);
+    const auto reference = models::resolved_reference(session.fluid(), session->reference);
+    if (!reference) throw CannotBeDone{reference.reason()};
     if (is_repeatable(call)) call.kept.keep(key, sources, session.state());
 }
 
