@@ -236,7 +236,8 @@ Result<ProjectContent> read_project(const std::string& ansi_text, const std::str
         content.manual_virial = read_virial(rest.subspan(kItems));
         const std::vector<std::string> raw = text::lines(ansi_text);
         const auto additional = std::span(raw).subspan(kHeadLines + kItems);
-        content.database = utf8_text(additional, kDatabaseLabel).value_or(content.database);
+        content.database =
+            text::trim(utf8_text(additional, kDatabaseLabel).value_or(content.database));
         content.comment = utf8_text(additional, kCommentLabel).value_or(content.comment);
     }
     if (!is_head(content)) return none;
