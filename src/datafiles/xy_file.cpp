@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "common/numbers.h"
+#include "common/progress.h"
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/cell_numbers.h"
@@ -14,6 +15,7 @@ namespace quor::datafiles {
 namespace {
 
 constexpr std::string_view kMask = ".0000000E+00";
+constexpr std::size_t kStep = 1024;  // lines after which it is told how far the work is
 
 char delimiter_of(std::string_view line, char delimiter) {
     for (const char c : {delimiter, ';', '\t', ' '})
@@ -41,15 +43,22 @@ XyFile read_xy_text(const std::string& ansi_text, char delimiter) {
     const std::vector<std::string> lines = text::lines(text::from_ansi(ansi_text));
     if (lines.empty()) return {};
     ReadPoints<FitPoint> read;
-    for (auto line = lines.begin() + 1; line != lines.end(); ++line)
-        if (!text::trim(*line).empty()) add_xy(read, cells_of(*line, delimiter));
+    progress::Work work("Reading points");
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        if (i % kStep == 0) work.at(static_cast<double>(i) / static_cast<double>(lines.size()));
+        if (!text::trim(lines[i]).empty()) add_xy(read, cells_of(lines[i], delimiter));
+    }
     return {.data = {lines.front(), std::move(read.points)}, .wrong = std::move(read.wrong)};
 }
 
 std::string xy_text(const std::string& comment, std::span<const FitPoint> points, char delimiter) {
     std::string all = files::ansi_lines({files::one_line(comment)});
-    for (const FitPoint& p : points)
+    progress::Work work("Writing points");
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (i % kStep == 0) work.at(static_cast<double>(i) / static_cast<double>(points.size()));
+        const FitPoint& p = points[i];
         if (is_active(p)) all += number(p.x) + delimiter + number(p.y) + "\r\n";
+    }
     return all;
 }
 

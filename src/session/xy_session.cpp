@@ -1,6 +1,7 @@
 #include "session/xy_session.h"
 
 #include "common/dialogs.h"
+#include "common/progress.h"
 #include "common/whole_file.h"
 #include "datafiles/xy_points.h"
 #include "session/questions.h"
@@ -42,7 +43,12 @@ std::optional<std::string> load_xy(Session& session, const std::string& name) {
         dialogs::tell(bytes.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return std::nullopt;
     }
-    datafiles::XyFile file = datafiles::read_xy_text(*bytes, session->csv_separator);
+    datafiles::XyFile file;
+    try {
+        file = datafiles::read_xy_text(*bytes, session->csv_separator);
+    } catch (const progress::GivenUp&) {
+        return std::nullopt;
+    }
     {
         const auto now = session.change();
         now->xy = std::move(file.data);
@@ -69,9 +75,13 @@ bool save_xy(Session& session, const datafiles::XyData& data) {
                               .overwrite_prompt = true});
     if (!name || name->empty()) return false;
     const std::string path = paths::target_path(*name, session->folder_xy, kExtension);
-    return write(session, path,
-                 datafiles::xy_text(data.comment, data.points, session->csv_separator),
-                 dialogs::kNotPossible);
+    try {
+        return write(session, path,
+                     datafiles::xy_text(data.comment, data.points, session->csv_separator),
+                     dialogs::kNotPossible);
+    } catch (const progress::GivenUp&) {
+        return false;
+    }
 }
 
 bool may_leave_xy(Session& session) {
