@@ -11,6 +11,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "gui/data/editor_views.h"
+#include "gui/widgets/progress_box.h"
 #include "gui/widgets/qt_dialogs.h"
 #include "gui/widgets/theme.h"
 #include "session/session.h"
@@ -33,6 +34,7 @@ int main(int argc, char* argv[]) {
     };
     numbers::set_decimal_mark(QLocale().decimalPoint() == "," ? ',' : '.');
     dialogs::current() = dialogs::desktop();
+    progress::current() = progress::desktop();
 
     session::Session session(
         Places(folder(QApplication::applicationDirPath()),

@@ -9,11 +9,13 @@
 namespace quor {
 
 /// A value with its former and later states, one step of undo for each change. Steps have names,
-/// as the Edit menu shows them. Beyond `kMostSteps` the oldest step is forgotten.
+/// as the Edit menu shows them. Beyond `kMostSteps` the oldest step is forgotten, and of a list of
+/// very many points beyond `kMostPoints` in all steps; the last step can always be taken back.
 template <class T>
 class History {
   public:
     static constexpr std::size_t kMostSteps = 200;
+    static constexpr std::size_t kMostPoints = 10000000;
 
     explicit History(T value = {}) { states_.push_back({{}, std::move(value)}); }
 
@@ -25,7 +27,8 @@ class History {
         if (value == this->value()) return;
         states_.resize(present_ + 1, states_.front());
         states_.push_back({std::move(name), std::move(value)});
-        if (states_.size() > kMostSteps + 1) states_.erase(states_.begin());
+        while (states_.size() > kMostSteps + 1 || (states_.size() > 2 && points() > kMostPoints))
+            states_.erase(states_.begin());
         present_ = states_.size() - 1;
     }
 
@@ -60,6 +63,14 @@ class History {
     }
 
   private:
+    /// Points in all states, where the value is a list of them.
+    std::size_t points() const {
+        std::size_t sum = 0;
+        if constexpr (requires(const T& t) { t.points.size(); })
+            for (const State& state : states_) sum += state.value.points.size();
+        return sum;
+    }
+
     struct State {
         std::string name;  ///< of the change that led here
         T value;

@@ -25,6 +25,8 @@ class LineCursor {
         }
         return line;
     }
+    /// Bytes behind the last line.
+    std::size_t left() const { return rest_.size(); }
 
   private:
     std::string_view rest_;

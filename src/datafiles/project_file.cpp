@@ -279,7 +279,8 @@ Result<ProjectContent> read_project(const std::string& ansi_text, const std::str
         read_reference(rest.subspan(kItems), content);
         const std::vector<std::string> raw = text::lines(ansi_text);
         const auto additional = std::span(raw).subspan(kHeadLines + kItems);
-        content.database = utf8_text(additional, kDatabaseLabel).value_or(content.database);
+        content.database =
+            text::trim(utf8_text(additional, kDatabaseLabel).value_or(content.database));
         content.comment = utf8_text(additional, kCommentLabel).value_or(content.comment);
     }
     if (!is_head(content)) return none;

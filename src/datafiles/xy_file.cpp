@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "common/numbers.h"
+#include "common/progress.h"
 #include "common/text.h"
 #include "common/text_parts.h"
 #include "common/whole_file.h"
@@ -15,6 +16,7 @@ namespace quor::datafiles {
 namespace {
 
 constexpr std::string_view kMask = ".0000000E+00";
+constexpr std::size_t kStep = 1024;  // lines after which it is told how far the work is
 
 char delimiter_of(std::string_view line, char delimiter) {
     for (const char c : {delimiter, ';', '\t', ' '})
@@ -49,19 +51,26 @@ XyFile read_xy_text(const std::string& ansi_text, char delimiter) {
     const auto comment = lines.next();
     if (!comment) return {};
     ReadPoints<FitPoint> read;
-    while (const auto line = lines.next())
-        if (!text::without_end_blanks(*line).empty()) {
-            const auto [x, y] = cells_of(*line, delimiter);
-            add_xy(read, x, y);
-        }
+    progress::Work work("Reading points");
+    const auto bytes = static_cast<double>(ansi_text.size());
+    for (std::size_t i = 1; const auto line = lines.next(); ++i) {
+        if (i % kStep == 0) work.at(1 - static_cast<double>(lines.left()) / bytes);
+        if (text::without_end_blanks(*line).empty()) continue;
+        const auto [x, y] = cells_of(*line, delimiter);
+        add_xy(read, x, y);
+    }
     return {.data = {text::from_ansi(*comment), std::move(read.points)},
             .wrong = std::move(read.wrong)};
 }
 
 std::string xy_text(const std::string& comment, std::span<const FitPoint> points, char delimiter) {
     std::string all = files::ansi_lines({files::one_line(comment)});
-    for (const FitPoint& p : points)
+    progress::Work work("Writing points");
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (i % kStep == 0) work.at(static_cast<double>(i) / static_cast<double>(points.size()));
+        const FitPoint& p = points[i];
         if (is_active(p)) all += number(p.x) + delimiter + number(p.y) + "\r\n";
+    }
     return all;
 }
 

@@ -6,6 +6,7 @@
 
 #include "common/constants.h"
 #include "common/numbers.h"
+#include "common/progress.h"
 #include "estimation/fit_start_values.h"
 #include "estimation/fit_statistics.h"
 #include "estimation/fit_worth.h"
@@ -194,7 +195,9 @@ Result<FitState> fit_from_start(FitState state) {
     return state;
 }
 
-Result<FitState> run_fit(FitState state) {
+namespace {
+
+Result<FitState> best_fit(FitState state) {
     Result<FitState> first = fit_from_start(state);
     if (!first || is_linear(*first)) return first;
     const bool worthless = is_worthless(*first);
@@ -211,6 +214,16 @@ Result<FitState> run_fit(FitState state) {
     second->start = shown;
     second->report.second_try = SecondTry::Better;
     return second;
+}
+
+}  // namespace
+
+Result<FitState> run_fit(FitState state) {
+    try {
+        return best_fit(std::move(state));
+    } catch (const progress::GivenUp&) {
+        return Failure{"The fit was given up. Nothing has changed."};
+    }
 }
 
 void take_result_as_start(FitState& state, int parameter) {

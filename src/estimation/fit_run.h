@@ -29,7 +29,8 @@ FitProblem make_problem(const FitState& state, const FitModelRow& row);
 /// Validates, runs the engine once from the start values and gives the state with its results.
 Result<FitState> fit_from_start(FitState state);
 /// The same (`cmdStart`), and where the start values fail once more from the proposed ones: the
-/// better fit is given, and its report says so. The start fields stay as they were.
+/// better fit is given, and its report says so. The start fields stay as they were. Refused when
+/// its user gives it up.
 Result<FitState> run_fit(FitState state);
 
 /// Copies a result, or all of them, to the start fields.

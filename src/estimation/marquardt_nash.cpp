@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+#include "common/progress.h"
+
 namespace quor::estimation {
 
 namespace {
@@ -36,6 +38,7 @@ struct Search {
     double best = 0;      // at X
     double residual = 0;  // of the last point evaluated
     MarquardtResult result{};
+    progress::Work work{"Fitting"};
 
     explicit Search(FitProblem& p)
         : problem(p),
@@ -74,6 +77,7 @@ struct Search {
 
     /// Sum of squares at B; false when the limit of evaluations is passed.
     bool evaluate() {
+        work.at(static_cast<double>(result.evaluations) / evaluation_limit);
         calc_fqs_marquardt(problem, B, sum, result.evaluations);
         return result.evaluations <= evaluation_limit;
     }
@@ -81,6 +85,7 @@ struct Search {
     /// Normal matrix and gradient at B; false when the limit of matrices is passed. The loop ends
     /// before the last points of the list when some are inactive, while the sum takes in all.
     bool build_matrix() {
+        work.at(static_cast<double>(result.evaluations) / evaluation_limit);
         lambda = kDecrease * lambda / kIncrease;
         best = sum;
         C.fill(0);

@@ -42,7 +42,8 @@ struct MarquardtResult {
 /// Compact Numerical Methods for Computers, 2nd ed. 1990, algorithm 23), with bounds and fixed
 /// parameters. `par` holds scaled start values and takes the result; `std_dev` takes the standard
 /// deviations in scaled units, -9999 where there are none, and stays as it was when the fit fails.
-/// `active_count` is the number of active points.
+/// `active_count` is the number of active points. Throws `progress::GivenUp` when its user gives
+/// up.
 MarquardtResult marquardt_nash_fitting(FitProblem& problem, std::int16_t active_count,
                                        Parameters& par, Parameters& std_dev);
 

@@ -1,6 +1,7 @@
 #include "session/xy_session.h"
 
 #include "common/dialogs.h"
+#include "common/progress.h"
 #include "common/save_file.h"
 #include "common/whole_file.h"
 #include "datafiles/xy_points.h"
@@ -22,9 +23,13 @@ bool save_points(Session& session, std::span<const datafiles::FitPoint> points,
     saved.content = [&](const std::string&) {
         return datafiles::xy_text(comment, points, session->csv_separator);
     };
-    const std::optional<std::string> path = saving::save_where_chosen(saved);
-    if (path) session.change()->folder_xy = paths::folder_of(*path);
-    return path.has_value();
+    try {
+        const std::optional<std::string> path = saving::save_where_chosen(saved);
+        if (path) session.change()->folder_xy = paths::folder_of(*path);
+        return path.has_value();
+    } catch (const progress::GivenUp&) {
+        return false;
+    }
 }
 
 }  // namespace
@@ -47,7 +52,12 @@ std::optional<std::string> load_xy(Session& session, const std::string& name) {
         dialogs::tell(bytes.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return std::nullopt;
     }
-    datafiles::XyFile file = datafiles::read_xy_text(*bytes, session->csv_separator);
+    datafiles::XyFile file;
+    try {
+        file = datafiles::read_xy_text(*bytes, session->csv_separator);
+    } catch (const progress::GivenUp&) {
+        return std::nullopt;
+    }
     {
         const auto now = session.change();
         now->xy = std::move(file.data);

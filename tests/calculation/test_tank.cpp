@@ -184,6 +184,21 @@ TEST_F(Tank, AFailureShowsNoFigure) {
     EXPECT_EQ(picture().lower_text + picture().upper_text, "");
 }
 
+TEST_F(Tank, APressureBeyond32BitsIsAnErrorAndNotInfinite) {
+    fill(9, 1.0, 10.0, 3e38);
+    EXPECT_TRUE(last.failed());
+    EXPECT_EQ(p, 0);
+    EXPECT_TRUE(picture().error);
+    EXPECT_EQ(picture().p_text, " Error: no state found");
+    EXPECT_EQ(lastRecord.p, 0.0F);
+    for (const float none : {INFINITY, NAN, -INFINITY}) {
+        EXPECT_EQ(fill(9, static_cast<double>(none), 10.0, 300.0), Reason::noTank);
+        EXPECT_EQ(fill(9, 1.0, static_cast<double>(none), 300.0), Reason::noTank);
+        EXPECT_EQ(fill(10, 1.0, 10.0, static_cast<double>(none)), Reason::noTank);
+        EXPECT_EQ(picture().p_text, " Error: no tank");
+    }
+}
+
 TEST_F(Tank, OverfilledTankOfTheEosIsAnError) {
     EXPECT_EQ(fill(9, 1.0, 900.0, 300.0), Reason::belowCovolume);
     EXPECT_DOUBLE_EQ(picture().level, 100.0);

@@ -66,6 +66,25 @@ TEST(History, ForgetsItsOldestSteps) {
     EXPECT_EQ(history.value(), 5U);
 }
 
+TEST(History, StepsOfALongListDoNotFillTheMemory) {
+    // Every step of a million points was kept: 200 of them took gigabytes.
+    struct List {
+        std::vector<float> points;
+        bool operator==(const List&) const = default;
+    };
+    History<List> history;
+    const std::size_t many = History<List>::kMostPoints / 4;
+    for (int i = 1; i <= 10; ++i)
+        history.change("step", {std::vector<float>(many, static_cast<float>(i))});
+    int steps = 0;
+    while (history.undo()) ++steps;
+    EXPECT_EQ(steps, 3);
+    EXPECT_EQ(history.value().points.front(), 7);
+    history.restart({});
+    history.change("huge", {std::vector<float>(2 * History<List>::kMostPoints)});
+    EXPECT_TRUE(history.can_undo());
+}
+
 TEST(History, ARestartLeavesNothingToUndo) {
     History<int> history{1};
     history.change("two", 2);

@@ -6,6 +6,7 @@
 #include "datafiles/database.h"
 #include "datafiles/measured_data.h"
 #include "datafiles/measured_table.h"
+#include "datafiles/project_file.h"
 #include "datafiles/record_fields.h"
 #include "datafiles/substance_editor.h"
 #include "datafiles/synonyms.h"
@@ -97,6 +98,18 @@ TEST(HostileFiles, SynonymsOfManyMegabytesAreRefusedInWords) {
     const auto read = datafiles::Synonyms::read(folder.path() / "SYNOM.TXT");
     ASSERT_FALSE(read);
     EXPECT_EQ(read.reason(), "The file SYNOM.TXT is too large (12582912 bytes).");
+}
+
+TEST(HostileFiles, ABlankNameOfTheDatabaseBehindTheItemsMakesNoProjectThatCannotBeReadAgain) {
+    const std::string items = repeated("\r\n", 28);
+    const std::string head = "15.11.2026\r\n\r\nA.Q05\r\n74-98-6     \r\n";
+    EXPECT_FALSE(datafiles::read_project(head + items + "database=  \r\n", "a.QCF"));
+    const auto read = datafiles::read_project(head + items + "database= \xCE\x94 \r\n", "a.QCF");
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->database, "\xCE\x94");
+    const auto again = datafiles::read_project(datafiles::project_text(*read), "a.QCF");
+    ASSERT_TRUE(again);
+    EXPECT_EQ(again->database, "\xCE\x94");
 }
 
 TEST(HostileFiles, APipeInPlaceOfADatabaseOrOfSynonymsIsRefusedAtOnce) {

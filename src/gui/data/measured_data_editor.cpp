@@ -412,12 +412,13 @@ void MeasuredDataEditor::arrange() {
 // ----------------------------------------------------------------------------------------- state
 
 MeasuredDataEditor::Lines MeasuredDataEditor::markedLines() const {
-    const QModelIndexList marked = table_->selectionModel()->selectedIndexes();
-    if (marked.isEmpty()) return {0, 0};
-    const auto [first, last] =
-        std::minmax_element(marked.begin(), marked.end(),
-                            [](const auto& a, const auto& b) { return a.row() < b.row(); });
-    return {first->row() + 1, last->row() + 1};
+    // Not cell by cell, of which there are many when all lines are marked.
+    int first = 0, last = 0;
+    for (const QItemSelectionRange& range : table_->selectionModel()->selection()) {
+        first = first == 0 ? range.top() + 1 : std::min(first, range.top() + 1);
+        last = std::max(last, range.bottom() + 1);
+    }
+    return {first, last};
 }
 
 void MeasuredDataEditor::markLine(int line) {

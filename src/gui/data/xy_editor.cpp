@@ -411,10 +411,11 @@ void XyEditor::redo() {
 
 XyEditor::Marked XyEditor::marked() const {
     Marked lines;
-    for (const QModelIndex& cell : table_->selectionModel()->selectedIndexes()) {
-        const int line = cell.row() + 1;
+    // Not cell by cell, of which there may be millions.
+    for (const QItemSelectionRange& range : table_->selectionModel()->selection()) {
+        const int line = range.top() + 1;
         lines.first = lines.first == 0 ? line : std::min(lines.first, line);
-        lines.last = std::max(lines.last, line);
+        lines.last = std::max(lines.last, range.bottom() + 1);
     }
     return lines;
 }
@@ -485,12 +486,14 @@ void XyEditor::toggleMarked() {
 }
 
 void XyEditor::zeroMarkedCells() {
-    const QModelIndexList cells = table_->selectionModel()->selectedIndexes();
+    const QItemSelection cells = table_->selectionModel()->selection();
     change("Clear cells", [&](XyData& d) {
-        for (const QModelIndex& cell : cells) {
-            datafiles::FitPoint& point = d.points[static_cast<std::size_t>(cell.row())];
-            (cell.column() == 0 ? point.x : point.y) = 0;
-        }
+        for (const QItemSelectionRange& range : cells)
+            for (int row = range.top(); row <= range.bottom(); ++row) {
+                datafiles::FitPoint& point = d.points[static_cast<std::size_t>(row)];
+                if (range.left() == 0) point.x = 0;
+                if (range.right() > 0) point.y = 0;
+            }
     });
 }
 

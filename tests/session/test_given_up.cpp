@@ -1,0 +1,66 @@
+#include <fstream>
+
+#include "common/progress.h"
+#include "datafiles/xy_file.h"
+#include "session/xy_session.h"
+#include "support/session_test.h"
+
+using namespace quor;
+
+namespace {
+
+/// A user who gives up every work that lasts.
+class GivenUp : public SessionTest {
+  protected:
+    GivenUp() {
+        progress::current() = [this](const std::string& what, double done) {
+            shown_.push_back(what);
+            last_ = done;
+            return false;
+        };
+    }
+    ~GivenUp() override {
+        progress::current() = [](const std::string&, double) { return true; };
+    }
+
+    /// Lines that are not read in a moment.
+    static constexpr int kLines = 3000000;
+
+    std::vector<std::string> shown_;
+    double last_ = 0;
+};
+
+TEST_F(GivenUp, ReadingPointsLeavesTheListAsItWas) {
+    const std::string file = (folder() / "long.XY").string();
+    {
+        std::ofstream out(file, std::ios::binary);
+        out << "comment\r\n";
+        for (int i = 0; i < kLines; ++i) out << "1;2\r\n";
+    }
+    session.change()->xy.points = {{1, 2, 0}};
+    const datafiles::XyData before = session->xy;
+    EXPECT_EQ(session::load_xy(session, file), std::nullopt);
+    EXPECT_EQ(session->xy, before);
+    ASSERT_EQ(shown_.size(), 2U) << "once while it lasts, once at its end";
+    EXPECT_EQ(shown_.front(), "Reading points");
+    EXPECT_EQ(last_, 1);
+}
+
+TEST_F(GivenUp, SavingPointsWritesNothing) {
+    datafiles::XyData data;
+    data.points.assign(kLines, {1, 2, 0});
+    user.fileAnswers = {(folder() / "none.XY").string()};
+    EXPECT_FALSE(session::save_xy(session, data));
+    EXPECT_FALSE(std::filesystem::exists(folder() / "none.XY"));
+    EXPECT_EQ(shown_.front(), "Writing points");
+}
+
+TEST_F(GivenUp, AWorkOfAMomentIsNotShown) {
+    datafiles::XyData data;
+    data.points.assign(10, {1, 2, 0});
+    user.fileAnswers = {(folder() / "short.XY").string()};
+    EXPECT_TRUE(session::save_xy(session, data));
+    EXPECT_TRUE(shown_.empty());
+}
+
+}  // namespace
