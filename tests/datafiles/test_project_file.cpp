@@ -100,4 +100,34 @@ TEST(ProjectFile, NamesAndCommentsOutsideTheCodePageAreKept) {
     EXPECT_FALSE(datafiles::read_project(file + "database=\r\n", "A.QCF"));
 }
 
+TEST(ProjectFile, ANamedReferenceStateStandsWhereAnOlderReaderNeverLooks) {
+    datafiles::ProjectContent content{
+        .date = "22.11.2026", .database = "A.Q05", .casrn = "74-98-6"};
+    const std::string plain = datafiles::project_text(content);
+    content.named_reference = models::NamedState::iir;
+    const std::string iir = datafiles::project_text(content);
+    EXPECT_EQ(iir, plain + "refstate=iir\r\n");
+    EXPECT_EQ(datafiles::read_project(iir, "A.QCF")->named_reference, models::NamedState::iir);
+
+    content.named_reference = models::NamedState::own;
+    content.own_state = {290.1, 100.2, false, -1000.3, 5.4};
+    content.manual_virial = models::ManualVirial{1, 2, 3};
+    const std::string own = datafiles::project_text(content);
+    const auto read = datafiles::read_project(own, "A.QCF");
+    EXPECT_EQ(read->named_reference, models::NamedState::own);
+    EXPECT_EQ(read->own_state, content.own_state);
+    EXPECT_EQ(read->manual_virial, content.manual_virial);
+    for (const char* wrong : {"own_T=0\r\n", "own_p=-1\r\n", "own_h=x\r\n", "own_phase=S\r\n"}) {
+        const std::string label = std::string(wrong).substr(0, std::string(wrong).find('=') + 1);
+        std::string damaged = own;
+        const std::size_t at = damaged.find(label);
+        damaged.replace(at, damaged.find('\n', at) + 1 - at, wrong);
+        EXPECT_EQ(datafiles::read_project(damaged, "A.QCF")->named_reference,
+                  models::NamedState::none)
+            << wrong;
+    }
+    EXPECT_EQ(datafiles::read_project(plain + "refstate=nonsense\r\n", "A.QCF")->named_reference,
+              models::NamedState::none);
+}
+
 }  // namespace

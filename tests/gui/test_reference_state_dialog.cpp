@@ -1,6 +1,8 @@
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
 #include "gui/widgets/number_edit.h"
+#include "report/reference_lines.h"
+#include "session/calculations.h"
 #include "support/comma_locale.h"
 
 using namespace quor;
@@ -232,6 +234,55 @@ TEST_F(ReferenceStateDialogTest, ShowsNumbersWithADecimalComma) {
         click("OK");
     });
     EXPECT_EQ(session->reference.T0, 273.15F);
+}
+
+TEST_F(ReferenceStateDialogTest, ANamedStateOfTheRealFluidIsTakenAndNamedEverywhere) {
+    startProject("Carbon dioxide");
+    inView([] {
+        EXPECT_EQ(read("opt_HNull_3"),
+                  "IIR: h = 200 kJ/kg, s = 1 kJ/(kg K) of the saturated liquid at 273.15 K");
+        EXPECT_FALSE(isEnabled("Own_0"));
+        click("opt_HNull_3");
+        EXPECT_EQ(enabledFields(), "000011");
+        EXPECT_EQ(read("lblReferenceNote"), "");
+        EXPECT_NE(read("T_0"), "0") << "what it comes to for the ideal gas";
+        click("OK");
+    });
+    EXPECT_EQ(session->reference.named, models::NamedState::iir);
+    const report::Made made = session::present_made(session);
+    EXPECT_NE(report::reference_line(made).find("Reference state: IIR, h = 200 kJ/kg"),
+              std::string::npos);
+    inView([] {
+        EXPECT_TRUE(isChecked("opt_HNull_3"));
+        click("opt_HNull_0");
+        click("OK");
+    });
+    EXPECT_EQ(session->reference.named, models::NamedState::none);
+}
+
+TEST_F(ReferenceStateDialogTest, AStateThatTheFluidLacksIsToldAndAnotherProposed) {
+    startProject("Carbon dioxide");
+    inView([this] {
+        click("opt_HNull_7");
+        EXPECT_TRUE(isEnabled("Own_0"));
+        drive::type("Own_0", "290");
+        drive::type("Own_1", "100");
+        drive::get<QComboBox>("cmbOwnPhase")->setCurrentIndex(1);
+        EXPECT_TRUE(read("lblReferenceNote")
+                        .startsWith("Carbon dioxide has no liquid at 290 K and 100 kPa by "))
+            << read("lblReferenceNote").toStdString();
+        EXPECT_TRUE(read("lblReferenceNote").contains(" Possible: "));
+        click("OK");
+        EXPECT_TRUE(
+            user.lastText().starts_with("Carbon dioxide has no liquid at 290 K and 100 kPa by "));
+        drive::get<QComboBox>("cmbOwnPhase")->setCurrentIndex(0);
+        EXPECT_EQ(read("lblReferenceNote"), "");
+        drive::type("Own_2", "1000");
+        drive::type("Own_3", "5");
+        click("OK");
+    });
+    EXPECT_EQ(session->reference.named, models::NamedState::own);
+    EXPECT_EQ(session->reference.own, (models::OwnState{290, 100, true, 1000, 5}));
 }
 
 }  // namespace

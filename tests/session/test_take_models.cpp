@@ -1,3 +1,4 @@
+#include "models/named_reference.h"
 #include "session/take_models.h"
 
 #include <filesystem>
@@ -180,6 +181,25 @@ TEST_F(TakeModels, GivenParametersAreNotAskedFor) {
     EXPECT_TRUE(session::compute_constants(session, Eos::jiTorvik1));
     EXPECT_TRUE(user.messages.empty());
     EXPECT_GT(session->eos_parameters.vcrit_calculated, 0);
+}
+
+// ---- reference states of the real fluid
+
+TEST_F(TakeModels, AModelWithoutTheNamedReferenceStateIsToldAndGetsAnother) {
+    ASSERT_TRUE(session::take_models(session, with(Eos::pengRobinson)));
+    session.change()->reference.named = models::NamedState::iir;
+    ASSERT_TRUE(session::take_models(session, with(Eos::soave)));
+    EXPECT_TRUE(user.messages.empty()) << user.lastText();
+    EXPECT_NEAR(session::present_reference(session).href,
+                models::resolved_reference(session.fluid(), session->reference)->href, 0);
+
+    ASSERT_TRUE(session::take_models(session, with(Eos::idealGas)));
+    EXPECT_NE(user.lastText().find("has no saturated liquid at 273.15 K by"), std::string::npos)
+        << user.lastText();
+    EXPECT_NE(user.lastText().find("\nThe zero of h and s is now: h = 0, s = 0 of the ideal gas."),
+              std::string::npos);
+    EXPECT_EQ(session->reference.named, models::NamedState::none);
+    EXPECT_EQ(session->reference.href, 0);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <sstream>
 
@@ -351,6 +352,39 @@ TEST_F(QuorcalcTells, TwoFunctionsOverEachOtherAreDrawnOverARange) {
     EXPECT_EQ(
         call({"curve", "--substance", "Propane", "--type", "1", "--T", "330", "--from", "1"}).exit,
         2);
+}
+
+// ------------------------------------------------------------------------------ reference states
+
+TEST_F(QuorcalcTells, FunctionsInANamedReferenceStateNameIt) {
+    const auto functions = [](Words more) {
+        Words words{"functions", "--substance", "R-134a", "--T", "300", "--p", "100"};
+        words.insert(words.end(), more.begin(), more.end());
+        return result(words);
+    };
+    const auto h = [&](const Words& more) { return functions(more).at("V").at("h").get<double>(); };
+    EXPECT_EQ(functions({"--refstate", "iir"}).at("reference").at("state"), "iir");
+    EXPECT_EQ(functions({}).at("reference").at("state"), nullptr);
+    EXPECT_EQ(functions({"--refstate", "formation"}).at("reference").at("mode"), 10);
+    // An own state at the state that is asked for is what comes out.
+    EXPECT_NEAR(h({"--refstate", "own:300,100,V,-77.5,3"}), -77.5, 1e-6);
+    EXPECT_GT(std::fabs(h({"--refstate", "iir"}) - h({})), 1000);
+}
+
+TEST_F(QuorcalcTells, AReferenceStateThatIsNoneIsRefused) {
+    const auto told = [](Words more) {
+        Words words{"functions", "--substance", "Methane", "--T", "300", "--p", "100"};
+        words.insert(words.end(), more.begin(), more.end());
+        return call(words);
+    };
+    const Outcome lacking = told({"--refstate", "iir"});
+    EXPECT_EQ(lacking.exit, 1);
+    EXPECT_NE(lacking.err.find("Methane has no saturated liquid at 273.15 K by"), std::string::npos)
+        << lacking.err;
+    for (const char* wrong : {"IIX", "own", "own:300,100,V,1", "own:300,100,S,1,2",
+                              "own:300,x,V,1,2", "own:300,nan,V,1,2"})
+        EXPECT_EQ(told({"--refstate", wrong}).exit, 2) << wrong;
+    EXPECT_EQ(told({"--refstate", "nbp", "--href", "5"}).exit, 2);
 }
 
 }  // namespace

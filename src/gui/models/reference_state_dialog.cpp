@@ -1,6 +1,7 @@
 #include "gui/models/reference_state_dialog.h"
 
 #include <QButtonGroup>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -17,12 +18,19 @@
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
+#include "models/named_reference.h"
 
 namespace quor::gui {
 
 namespace {
 
+using models::NamedState;
 using models::ReferenceOption;
+
+// The named states stand behind the three options of the ideal gas.
+int idOf(NamedState state) {
+    return static_cast<int>(ReferenceOption::Conventional) + static_cast<int>(state);
+}
 
 // The factor of the present substance: that of the session is as old as the last calculation.
 double presentFactor(const session::SessionState& session) {
@@ -47,10 +55,17 @@ ReferenceStateDialog::ReferenceStateDialog(Desk& desk, QWidget* parent)
     setWindowTitle(" Calculation of Thermodynamic Functions Z");
     arrange();
     const models::ReferenceState& reference = desk.session()->reference;
-    const ReferenceOption present = models::reference_option_of(reference.mode);
-    options_->button(static_cast<int>(present))->setChecked(true);
+    const int present = reference.named == NamedState::none
+                            ? static_cast<int>(models::reference_option_of(reference.mode))
+                            : idOf(reference.named);
+    options_->button(present)->setChecked(true);
     fill(models::fields_of(reference, factor_));
+    const models::OwnState& own = reference.own;
+    const std::array<double, 4> values = {own.T, own.p, own.h * factor_, own.s * factor_};
+    for (std::size_t i = 0; i < own_.size(); ++i) own_[i]->setValue(values[i]);
+    ownPhase_->setCurrentIndex(own.vapour ? 0 : 1);
     enable(present);
+    followNamed();
 }
 
 QLayout* ReferenceStateDialog::buildOptions() {
@@ -68,9 +83,43 @@ QLayout* ReferenceStateDialog::buildOptions() {
         options_->addButton(option, i);
         column->addWidget(option);
     }
-    connect(options_, &QButtonGroup::idClicked, this,
-            [this](int index) { choose(static_cast<ReferenceOption>(index)); });
+    for (const models::NamedReference& state : models::named_references()) {
+        const int id = idOf(state.state);
+        auto* option = form::named(
+            new QRadioButton(state.state == NamedState::own
+                                 ? QString("Own state of the real fluid, as below")
+                                 : qt(std::string(state.name) + ": " + std::string(state.text))),
+            QString("opt_HNull_%1").arg(id));
+        options_->addButton(option, id);
+        column->addWidget(option);
+    }
+    note_ = form::named(form::label(), "lblReferenceNote");
+    note_->setWordWrap(true);
+    column->addWidget(note_);
+    connect(options_, &QButtonGroup::idClicked, this, &ReferenceStateDialog::choose);
     return column;
+}
+
+QWidget* ReferenceStateDialog::buildOwnState() {
+    const models::ReferenceCaptions c = models::captions_of(desk_.session()->caloric_unit);
+    const std::array<QString, 4> names = {"T/K", "p/kPa", qt(c.h), qt(c.s)};
+    ownFrame_ = form::frame("Own state", "fraOwnState");
+    auto* row = form::grid(ownFrame_);
+    ownPhase_ = form::named(new QComboBox, "cmbOwnPhase");
+    ownPhase_->addItems({"vapour", "liquid"});
+    connect(ownPhase_, &QComboBox::currentIndexChanged, this, &ReferenceStateDialog::followNamed);
+    int column = 0;
+    for (std::size_t i = 0; i < own_.size(); ++i) {
+        own_[i] = form::named(new NumberEdit, QString("Own_%1").arg(i));
+        connect(own_[i], &QLineEdit::textEdited, this, &ReferenceStateDialog::followNamed);
+        row->addWidget(form::caption(names[i], own_[i]), 0, column);
+        row->addWidget(own_[i], 1, column++);
+        if (i == 1) {
+            row->addWidget(form::caption("phase", ownPhase_), 0, column);
+            row->addWidget(ownPhase_, 1, column++);
+        }
+    }
+    return ownFrame_;
 }
 
 QLayout* ReferenceStateDialog::buildFields() {
@@ -121,6 +170,7 @@ void ReferenceStateDialog::arrange() {
     layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
     layout->setSpacing(theme::kGroupGap);
     layout->addLayout(buildOptions());
+    layout->addWidget(buildOwnState());
     layout->addLayout(buildFields());
     layout->addStretch(1);
     layout->addLayout(buttons);
@@ -132,7 +182,22 @@ void ReferenceStateDialog::fill(const models::ReferenceFields& fields) {
 }
 
 models::ReferenceOption ReferenceStateDialog::option() const {
-    return static_cast<ReferenceOption>(options_->checkedId());
+    return named() == NamedState::none ? static_cast<ReferenceOption>(options_->checkedId())
+                                       : ReferenceOption::Values;
+}
+
+models::NamedState ReferenceStateDialog::named() const {
+    for (const models::NamedReference& state : models::named_references())
+        if (idOf(state.state) == options_->checkedId()) return state.state;
+    return NamedState::none;
+}
+
+models::OwnState ReferenceStateDialog::ownState() const {
+    return {.T = own_[0]->value(),
+            .p = own_[1]->value(),
+            .vapour = ownPhase_->currentIndex() == 0,
+            .h = own_[2]->value() / factor_,
+            .s = own_[3]->value() / factor_};
 }
 
 models::ReferenceFields ReferenceStateDialog::typed() const {
@@ -142,24 +207,63 @@ models::ReferenceFields ReferenceStateDialog::typed() const {
     return values;
 }
 
-void ReferenceStateDialog::choose(ReferenceOption chosen) {
-    if (chosen == ReferenceOption::Formation) fill(models::after_choice(chosen, typed()));
-    enable(chosen);
+void ReferenceStateDialog::choose(int id) {
+    if (option() == ReferenceOption::Formation)
+        fill(models::after_choice(ReferenceOption::Formation, typed()));
+    enable(id);
+    followNamed();
 }
 
-void ReferenceStateDialog::enable(ReferenceOption chosen) {
-    for (std::size_t i = 0; i < fields_.size(); ++i)
-        fields_[i]->setEnabled(models::is_editable(chosen, static_cast<models::ReferenceField>(i)));
+void ReferenceStateDialog::enable(int id) {
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const auto field = static_cast<models::ReferenceField>(i);
+        const bool surroundings = field == models::FieldTenv || field == models::FieldPenv;
+        fields_[i]->setEnabled(named() == NamedState::none
+                                   ? models::is_editable(static_cast<ReferenceOption>(id), field)
+                                   : surroundings);
+    }
+    ownFrame_->setEnabled(named() == NamedState::own);
+}
+
+void ReferenceStateDialog::followNamed() {
+    note_->clear();
+    const std::optional<models::ReferenceState> reference = chosen();
+    if (named() == NamedState::none || !desk_.session()->substance_set || !reference) return;
+    const models::Fluid& fluid = desk_.session().fluid();
+    const auto resolved = models::resolved_reference(fluid, *reference);
+    if (resolved) return fill(models::fields_of(*resolved, factor_));
+    const models::NamedReference* const proposed =
+        models::named_reference(models::proposed_reference(fluid));
+    note_->setText(qt(resolved.reason() + (proposed == nullptr
+                                               ? std::string()
+                                               : " Possible: " + std::string(proposed->name) +
+                                                     ", " + std::string(proposed->text) + ".")));
+}
+
+std::optional<models::ReferenceState> ReferenceStateDialog::chosen() const {
+    models::ReferenceState reference = desk_.session()->reference;
+    if (!models::store_reference(option(), typed(), factor_, reference)) return std::nullopt;
+    reference.named = named();
+    reference.own = ownState();
+    return reference;
 }
 
 void ReferenceStateDialog::confirm() {
     if (markWrongNumber(fields_)) return;
-    models::ReferenceState reference = desk_.session()->reference;
-    if (!models::store_reference(option(), typed(), factor_, reference)) {
+    if (named() == NamedState::own && markWrongNumber(own_)) return;
+    const std::optional<models::ReferenceState> reference = chosen();
+    if (!reference) {
         dialogs::tell("A number is beyond the range of its field.", dialogs::kNotPossible);
         return;
     }
-    desk_.session().change()->reference = reference;
+    if (desk_.session()->substance_set) {
+        const auto resolved = models::resolved_reference(desk_.session().fluid(), *reference);
+        if (!resolved) {
+            dialogs::tell(resolved.reason(), dialogs::kNotPossible);
+            return;
+        }
+    }
+    desk_.session().change()->reference = *reference;
     accept();
 }
 

@@ -2,10 +2,13 @@
 
 #include <QDialog>
 #include <array>
+#include <optional>
 
 #include "models/reference_choice.h"
 
 class QButtonGroup;
+class QComboBox;
+class QLabel;
 class QLayout;
 
 namespace quor::gui {
@@ -24,12 +27,19 @@ class ReferenceStateDialog : public QDialog {
   private:
     QLayout* buildOptions();
     QLayout* buildFields();
+    QWidget* buildOwnState();
     void arrange();
-    void choose(models::ReferenceOption option);
-    void enable(models::ReferenceOption option);
+    void choose(int id);
+    void enable(int id);
     void fill(const models::ReferenceFields& fields);
+    /// Shows what a named state comes to for the present fluid, or why it has none.
+    void followNamed();
     models::ReferenceOption option() const;
+    models::NamedState named() const;
+    models::OwnState ownState() const;
     models::ReferenceFields typed() const;
+    /// The record as the view says it; nothing for a number beyond the range of its field.
+    std::optional<models::ReferenceState> chosen() const;
     void confirm();
 
     Desk& desk_;
@@ -38,6 +48,10 @@ class ReferenceStateDialog : public QDialog {
     std::array<NumberEdit*, models::kReferenceFields> fields_{};
     /// The fields as they were last filled: what the user leaves alone keeps all its digits.
     models::ReferenceFields filled_{};
+    std::array<NumberEdit*, 4> own_{};  ///< T/K, p/kPa, h, s of an own state
+    QComboBox* ownPhase_ = nullptr;
+    QWidget* ownFrame_ = nullptr;
+    QLabel* note_ = nullptr;
 };
 
 }  // namespace quor::gui
