@@ -1,7 +1,6 @@
 #include "app/help_viewer.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -16,6 +15,7 @@
 
 #include "app/menu_help.h"
 #include "common/dialogs.h"
+#include "common/whole_file.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
@@ -30,6 +30,7 @@ using gui::qt;
 constexpr int kPageRole = Qt::UserRole;
 constexpr QSize kFirstSize(980, 680);
 constexpr int kContentsWidth = 290;
+constexpr std::size_t kLargestPage = std::size_t{4} << 20;
 
 QToolButton* button(const QString& text, const QString& name, const QString& tip,
                     const QKeySequence& keys) {
@@ -40,15 +41,32 @@ QToolButton* button(const QString& text, const QString& name, const QString& tip
     return made;
 }
 
+/// Shows pages of a folder. A pipe or a device in the place of one is passed over, not waited for.
+class Page : public QTextBrowser {
+  public:
+    explicit Page(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+  protected:
+    QVariant loadResource(int, const QUrl& name) override {
+        const std::string file =
+            (name.isLocalFile() ? name.toLocalFile() : name.path()).toStdString();
+        const auto bytes = files::read_whole(folder_ / file, kLargestPage);
+        return bytes ? QVariant(QByteArray::fromStdString(*bytes)) : QVariant();
+    }
+
+  private:
+    std::filesystem::path folder_;
+};
+
 /// The style of the pages with the colours of the theme in the places that ask for them.
 QString pageStyle(const std::filesystem::path& folder) {
-    QFile file(qt((folder / "help.css").string()));
-    if (!file.open(QIODevice::ReadOnly)) return {};
+    const auto style = files::read_whole(folder / "help.css", kLargestPage);
+    if (!style) return {};
     const QPalette colours = QApplication::palette();
     const bool dark = colours.color(QPalette::Base).lightness() < 128;
     // The desktop's own colour of links is often too dark for a dark page.
     const QString link = dark ? "#7ab8f5" : "#1a5fa8";
-    return QString::fromUtf8(file.readAll())
+    return qt(*style)
                .replace("palette(mid)", colours.color(QPalette::Mid).name())
                .replace("palette(alternate-base)", colours.color(QPalette::AlternateBase).name()) +
            "a { color: " + link + "; }";
@@ -75,10 +93,9 @@ HelpViewer::HelpViewer(help::Book book, QWidget* parent)
     setModal(false);
     resize(kFirstSize);
 
-    page_ = gui::form::named(new QTextBrowser, "helpPage");
+    page_ = gui::form::named(new Page(book_.folder()), "helpPage");
     page_->document()->setDefaultStyleSheet(pageStyle(book_.folder()));
     page_->document()->setDocumentMargin(2 * gui::theme::kMargin);
-    page_->setSearchPaths({qt(book_.folder().string())});
     search_ = gui::form::named(new QLineEdit, "helpSearch");
     search_->setPlaceholderText("Search (Ctrl+F)");
     search_->setClearButtonEnabled(true);

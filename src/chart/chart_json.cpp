@@ -10,10 +10,16 @@ namespace {
 
 constexpr std::uintmax_t kMaxBytes = 32U << 20U;
 constexpr int kMaxDepth = 24;
+constexpr std::size_t kMaxGroups = 200000;  // each takes far more memory than its two brackets
 
-/// Deepest nesting of lists and groups; texts do not count.
-int depth_of(std::string_view text) {
-    int depth = 0, deepest = 0;
+/// Deepest nesting of lists and groups, and how many there are; texts do not count.
+struct Shape {
+    int depth = 0;
+    std::size_t groups = 0;
+};
+Shape shape_of(std::string_view text) {
+    Shape shape;
+    int depth = 0;
     bool in_text = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
@@ -23,12 +29,13 @@ int depth_of(std::string_view text) {
         } else if (c == '"') {
             in_text = true;
         } else if (c == '[' || c == '{') {
-            deepest = std::max(deepest, ++depth);
+            shape.depth = std::max(shape.depth, ++depth);
+            ++shape.groups;
         } else if (c == ']' || c == '}') {
             --depth;
         }
     }
-    return deepest;
+    return shape;
 }
 
 int whole_number(const Json& group, const char* name) {
@@ -66,7 +73,9 @@ std::string document(const Format& format, Json content) {
 
 Json content_of(const Format& format, std::string_view text) {
     if (text.size() > kMaxBytes) throw BadField("The file is too large for a saved diagram.");
-    if (depth_of(text) > kMaxDepth) throw BadField("The file is no saved diagram.");
+    const Shape shape = shape_of(text);
+    if (shape.depth > kMaxDepth || shape.groups > kMaxGroups)
+        throw BadField("The file is no saved diagram.");
     const Json document = Json::parse(text, nullptr, false);
     if (document.is_discarded())
         throw BadField("The file is damaged or incomplete, or no saved diagram.");

@@ -39,19 +39,18 @@ class CellCursor {
 
     /// The next part; nothing behind the last one.
     std::optional<std::string_view> next() {
-        if (!rest_) return std::nullopt;
-        const std::size_t end = rest_->find(separator_);
-        const std::string_view cell = rest_->substr(0, end);
-        if (end == std::string_view::npos)
-            rest_.reset();
-        else
-            rest_->remove_prefix(end + 1);
+        if (!more_) return std::nullopt;
+        const std::size_t end = rest_.find(separator_);
+        const std::string_view cell = rest_.substr(0, end);
+        more_ = end != std::string_view::npos;
+        if (more_) rest_.remove_prefix(end + 1);
         return cell;
     }
 
   private:
-    std::optional<std::string_view> rest_;
+    std::string_view rest_;
     char separator_;
+    bool more_ = true;
 };
 
 }  // namespace quor::text

@@ -380,6 +380,10 @@ TEST_F(ChartFile, MutatedFilesNeverChangeTheChartHalfWay) {
 TEST_F(ChartFile, DeepAndHugeFilesAreRefused) {
     const Chart2D present;
     expectRefused(std::string(1000000, '['), "no saved diagram", present);
+    // Its lists would take a gigabyte.
+    std::string lists = "{\"unknown\":[[]";
+    for (int i = 0; i < 5000000; ++i) lists += ",[]";
+    expectRefused(lists + "]}", "no saved diagram", present);
     expectRefused(std::string(40U << 20U, ' '), "too large", present);
     Chart2D many;
     many.labels.resize(4001);

@@ -1,9 +1,11 @@
+#include <sys/stat.h>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QToolButton>
 #include <QTreeWidget>
+
 #include <fstream>
 
 #include "app/help_book.h"
@@ -55,6 +57,17 @@ TEST_F(Help, EveryEntryOfTheContentsShowsItsPage) {
         EXPECT_GT(drive::get<QTextBrowser>("helpPage")->toPlainText().size(), 80);
     }
     EXPECT_GT(entries, 40);
+}
+
+TEST_F(Help, APipeInThePlaceOfAPageOrOfTheStyleIsNotWaitedFor) {
+    for (const char* name : {"help.css", "110.html"}) {
+        std::filesystem::remove(folder() / "help" / name);
+        ASSERT_EQ(mkfifo((folder() / "help" / name).c_str(), 0600), 0);
+    }
+    choose("mnuHilfe_Index");
+    EXPECT_TRUE(drive::get<QTextBrowser>("helpPage")->toPlainText().startsWith("QUOR-6"));
+    drive::get<QTextBrowser>("helpPage")->setSource(QUrl("110.html"));
+    EXPECT_EQ(drive::get<QTextBrowser>("helpPage")->toPlainText(), "");
 }
 
 TEST_F(Help, BackForwardAndHomeFollowTheReader) {
