@@ -8,8 +8,8 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/paths.h"
-#include "common/save_file.h"
 #include "common/text.h"
+#include "diagrams/chart_saving.h"
 #include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_places.h"
 #include "diagrams/sheet_readout.h"
@@ -131,16 +131,11 @@ const models::SubstanceRecord* first_substance(const DiagramSheet& sheet) {
 
 std::optional<std::string> save_oc2(const DiagramSheet& sheet, const std::string& folder,
                                     const std::string& proposed) {
-    return saving::save_where_chosen(
-        {.choice = {.save = true,
-                    .title = "Save this 2D-diagram design",
-                    .filter = kFilter,
-                    .folder = folder,
-                    .name = proposed,
-                    .default_extension = kExtension,
-                    .overwrite_prompt = true},
-         .content = [&sheet](const std::string&) { return chart::file_text(sheet.chart); },
-         .failure_title = "ERROR"});
+    return save_chart(sheet.chart, {.title = "Save this 2D-diagram design",
+                                    .filter = kFilter,
+                                    .folder = folder,
+                                    .name = proposed,
+                                    .default_extension = kExtension});
 }
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_note) {

@@ -7,8 +7,8 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/paths.h"
-#include "common/save_file.h"
 #include "common/text.h"
+#include "diagrams/chart_saving.h"
 
 namespace quor::diagrams {
 
@@ -168,16 +168,11 @@ std::string proposed_file(const SurfaceSheet& sheet, const std::string& substanc
 
 std::optional<std::string> save_oc3(const SurfaceSheet& sheet, const std::string& folder,
                                     const std::string& proposed) {
-    return saving::save_where_chosen(
-        {.choice = {.save = true,
-                    .title = "Save this diagram design",
-                    .filter = kFilter,
-                    .folder = folder,
-                    .name = proposed,
-                    .default_extension = kExtension,
-                    .overwrite_prompt = true},
-         .content = [&sheet](const std::string&) { return chart::file_text(sheet.chart); },
-         .failure_title = "ERROR"});
+    return save_chart(sheet.chart, {.title = "Save this diagram design",
+                                    .filter = kFilter,
+                                    .folder = folder,
+                                    .name = proposed,
+                                    .default_extension = kExtension});
 }
 
 SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
