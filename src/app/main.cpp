@@ -1,5 +1,5 @@
 #include <QApplication>
-#include <QFontDatabase>
+#include <QFontMetrics>
 #include <QLocale>
 #include <QStandardPaths>
 #include <filesystem>
@@ -26,7 +26,7 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationVersion(QUOR_VERSION);
     gui::theme::install(app);
     // No window could say it.
-    if (QFontDatabase::families().isEmpty())
+    if (!QFontMetrics(QFont()).inFontUcs4('a'))
         std::cerr << "QUOR-6: this machine has no fonts; the windows show no texts.\n";
 
     const auto folder = [](const QString& path) {

@@ -8,9 +8,9 @@
 /// the picture maker only. Times are microseconds as a usual desktop machine needs them.
 namespace quor::chart::work {
 
-inline constexpr double kLineTime = 40000;          ///< for the lines of all series
-inline constexpr double kSymbolTime = 25000;        ///< for the symbols of all series
-inline constexpr double kTextTime = 15000;          ///< for the labels and the legend, each
+inline constexpr double kLineTime = 22000;          ///< for the lines of all series
+inline constexpr double kSymbolTime = 15000;        ///< for the symbols of all series
+inline constexpr double kTextTime = 8000;           ///< for the labels and the legend, each
 inline constexpr std::size_t kMostPoints = 200000;  ///< that are looked at, of all series
 
 /// Leaves out the points of a line that lie on the way between others, to a tenth of a pixel.

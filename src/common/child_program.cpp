@@ -11,6 +11,8 @@
 #include <thread>
 #include <utility>
 
+#include "common/system_reason.h"
+
 extern char** environ;
 
 namespace quor {
@@ -18,10 +20,6 @@ namespace quor {
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string reason_of(int error) {
-    return std::generic_category().message(error);
-}
 
 /// How a program is started: its folder, its streams, a group of its own.
 struct StartRules {
@@ -51,7 +49,7 @@ struct StartRules {
 Result<RunFolder> RunFolder::make(const fs::path& parent) {
     std::string name = (parent / "run-XXXXXX").string();
     if (mkdtemp(name.data()) != nullptr) return RunFolder(name);
-    return Failure{"No folder could be made in " + parent.string() + " (" + reason_of(errno) +
+    return Failure{"No folder could be made in " + parent.string() + " (" + system_reason(errno) +
                    ")."};
 }
 
@@ -83,7 +81,7 @@ Result<ChildProgram> ChildProgram::start(const fs::path& program,
                                   words.data(), environ);
     if (error == 0) return ChildProgram(process);
     return Failure{"The program " + program.filename().string() + " could not be started (" +
-                   reason_of(error) + ")."};
+                   system_reason(error) + ")."};
 }
 
 ChildProgram::ChildProgram(ChildProgram&& other) noexcept

@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "common/system_reason.h"
+
 namespace quor {
 
 namespace fs = std::filesystem;
@@ -88,7 +90,7 @@ Places::Places(fs::path program, const fs::path& user, std::string date)
 
 std::optional<std::string> Places::write_fault() const {
     if (access(write_.c_str(), W_OK | X_OK) == 0) return std::nullopt;
-    return std::generic_category().message(errno);
+    return system_reason(errno);
 }
 
 /// The data of an installed program, beside its folder.

@@ -10,6 +10,7 @@
 #include <random>
 #include <system_error>
 
+#include "common/system_reason.h"
 #include "common/text.h"
 
 namespace quor::files {
@@ -24,7 +25,7 @@ std::string sentence(const fs::path& path, const std::string& what, const std::s
 }
 
 std::string reason_of(int error) {
-    return error == 0 ? std::string() : std::generic_category().message(error);
+    return error == 0 ? std::string() : system_reason(error);
 }
 
 Failure not_written(const fs::path& path, const std::string& reason) {
