@@ -4,7 +4,7 @@ namespace quor::progress {
 
 namespace {
 
-constexpr std::chrono::milliseconds kMoment{300}, kBetween{50};
+constexpr std::chrono::milliseconds kBetween{50};
 
 }  // namespace
 
@@ -13,7 +13,12 @@ Show& current() {
     return show;
 }
 
-Work::Work(const char* what) : what_(what), next_(Clock::now() + kMoment) {}
+std::chrono::milliseconds& moment() {
+    thread_local std::chrono::milliseconds moment{300};
+    return moment;
+}
+
+Work::Work(const char* what) : what_(what), next_(Clock::now() + moment()) {}
 
 Work::~Work() {
     if (shown_) current()(what_, 1);

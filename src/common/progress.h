@@ -13,6 +13,8 @@ using Show = std::function<bool(const std::string& what, double done)>;
 
 /// The function in use by this thread. Each begins with one that shows nothing and never gives up.
 Show& current();
+/// How long a work of this thread lasts before it is shown: 300 ms unless it is set.
+std::chrono::milliseconds& moment();
 
 /// Leaves a work that its user gives up. Who catches it leaves everything as it was before.
 struct GivenUp : std::exception {

@@ -1,3 +1,4 @@
+#include <chrono>
 #include <fstream>
 
 #include "common/progress.h"
@@ -18,13 +19,17 @@ class GivenUp : public SessionTest {
             last_ = done;
             return false;
         };
+        // However fast the machine is.
+        progress::moment() = std::chrono::milliseconds(0);
     }
     ~GivenUp() override {
         progress::current() = [](const std::string&, double) { return true; };
+        progress::moment() = usual_;
     }
 
-    /// Lines that are not read in a moment.
-    static constexpr int kLines = 3000000;
+    /// More than are read between two looks at the clock.
+    static constexpr int kLines = 10000;
+    const std::chrono::milliseconds usual_ = progress::moment();
 
     std::vector<std::string> shown_;
     double last_ = 0;
@@ -56,6 +61,7 @@ TEST_F(GivenUp, SavingPointsWritesNothing) {
 }
 
 TEST_F(GivenUp, AWorkOfAMomentIsNotShown) {
+    progress::moment() = usual_;
     datafiles::XyData data;
     data.points.assign(10, {1, 2, 0});
     user.fileAnswers = {(folder() / "short.XY").string()};
