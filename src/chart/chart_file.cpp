@@ -238,7 +238,7 @@ class Census {
     }
     template <class T>
     void field(const char*, T& value) {
-        if constexpr (is_record<T>) describe(*this, value);
+        if constexpr (kIsRecord<T>) describe(*this, value);
     }
 
     void check() const {
@@ -256,7 +256,7 @@ class Census {
   private:
     static constexpr std::size_t kMostValues = 2000000, kMostText = 60000, kMostFonts = 60;
     template <class T>
-    static constexpr bool is_record =
+    static constexpr bool kIsRecord =
         std::is_class_v<T> && !std::is_same_v<T, Colour> && !std::is_same_v<T, std::string>;
 
     std::size_t text_ = 0, values_ = 0;

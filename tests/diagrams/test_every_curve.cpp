@@ -133,7 +133,7 @@ TEST(EveryCurve, HasPointsThatAreNumbersAndComesInTime) {
         if (curve.status == diagrams::CurveStatus::complete && !curve.points.empty()) ++good;
     }
     // Draws that all fail would show nothing.
-    EXPECT_GT(good, count / 20);
+    EXPECT_GT(good, count / 40);
 }
 
 /// Any limits as they may be typed; those of a kind that are refused draw nothing.
@@ -176,7 +176,7 @@ TEST(EverySurface, HasNodesThatAreNumbersOrHoles) {
             EXPECT_FALSE(has_no_number(message.text)) << message.text;
         if (any) ++good;
     }
-    EXPECT_GT(good, count / 20);
+    EXPECT_GT(good, count / 40);
 }
 
 }  // namespace
