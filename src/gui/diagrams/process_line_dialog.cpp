@@ -25,7 +25,7 @@ namespace {
 using Kind = diagrams::ProcessKind;
 
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
-constexpr int kPRange = 0, kTRange = 1;              // `optTp`
+constexpr int kTRange = 1;                           // `optTp`; 0 is a range of p
 constexpr int kLiquid = 0, kVapour = 1;              // `optPhase`
 constexpr int kHomogeneous = 0, kHeterogeneous = 1;  // `optHomoHetero`
 constexpr int kIdealGas = 1;                         // `optIdealEOS`
