@@ -21,8 +21,8 @@ Result<std::string> read_whole(const std::filesystem::path& path,
                                std::size_t largest = kLargestTextFile);
 
 /// Writes a file as a whole or not at all: beside it first, under a name that no other writer has
-/// and no link can lead elsewhere, then, when the disk holds it, renamed into its place. A crash or a
-/// full disk leaves the old content. The reason of a failure names the file.
+/// and no link can lead elsewhere, then, when the disk holds it, renamed into its place. A crash or
+/// a full disk leaves the old content. The reason of a failure names the file.
 Result<void> write_whole(const std::filesystem::path& path, std::string_view bytes);
 
 /// When a file was written last; nothing where there is none.
