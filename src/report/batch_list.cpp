@@ -9,6 +9,7 @@
 #include "common/constants.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "common/progress.h"
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "models/model_tables.h"
@@ -370,9 +371,12 @@ Comparison compare(const models::Fluid& fluid, const models::ReferenceState& ref
         return c;
     }
     const calculation::Calculator calculator(fluid, c.made.reference);
-    for (std::size_t i = 0; i < sets.size(); ++i)
+    progress::Work work("Calculating");
+    for (std::size_t i = 0; i < sets.size(); ++i) {
+        work.at(static_cast<double>(i) / static_cast<double>(sets.size()));
         if (sets[i].skip == 0)
             c.results[i] = calculate_set(calculator, measured_request(state, sets[i]), tell);
+    }
     return c;
 }
 

@@ -54,7 +54,7 @@ struct Comparison {
     std::vector<dialogs::Message> told;  ///< what is to be told, each text once
 };
 
-/// Calculates every active data set in the task of `state`.
+/// Calculates every active data set in the task of `state`. Throws `progress::GivenUp`.
 Comparison compare(const models::Fluid& fluid, const models::ReferenceState& reference,
                    const models::UnitChoice& units, const CalculationState& state,
                    std::span<const calculation::BatchDataSet> sets, const std::string& file);

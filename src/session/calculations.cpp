@@ -4,6 +4,7 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "common/progress.h"
 #include "common/save_file.h"
 #include "common/text.h"
 #include "common/whole_file.h"
@@ -314,31 +315,39 @@ report::Comparison compare_all_sets(Session& session) {
 }
 
 bool print_result(Session& session, const std::string& title, bool extended) {
-    return dialogs::print_out(
-        {.title = title,
-         .font = "COURIER",
-         .text = report::printed_list(compare_all_sets(session), title, extended)});
+    try {
+        return dialogs::print_out(
+            {.title = title,
+             .font = "COURIER",
+             .text = report::printed_list(compare_all_sets(session), title, extended)});
+    } catch (const progress::GivenUp&) {
+        return false;
+    }
 }
 
 bool save_result_list(Session& session, const std::string& title, bool extended) {
     const std::string folder = session.places().write_folder().string();
-    return saving::save_where_chosen({.choice = {.save = true,
-                                                 .title = "Save QUOR result list as ...",
-                                                 .filter = "Result file (*.LST)|*.LST",
-                                                 .folder = folder,
-                                                 .default_extension = ".LST",
-                                                 .overwrite_prompt = true},
-                                      .content =
-                                          [&](const std::string&) {
-                                              return report::result_file_text(
-                                                  compare_all_sets(session), title, extended);
-                                          },
-                                      .failure_title = "WARNING",
-                                      .place =
-                                          [&](const std::string& name) {
-                                              return report::result_file_path(name, folder);
-                                          }})
-        .has_value();
+    try {
+        return saving::save_where_chosen({.choice = {.save = true,
+                                                     .title = "Save QUOR result list as ...",
+                                                     .filter = "Result file (*.LST)|*.LST",
+                                                     .folder = folder,
+                                                     .default_extension = ".LST",
+                                                     .overwrite_prompt = true},
+                                          .content =
+                                              [&](const std::string&) {
+                                                  return report::result_file_text(
+                                                      compare_all_sets(session), title, extended);
+                                              },
+                                          .failure_title = "WARNING",
+                                          .place =
+                                              [&](const std::string& name) {
+                                                  return report::result_file_path(name, folder);
+                                              }})
+            .has_value();
+    } catch (const progress::GivenUp&) {
+        return false;
+    }
 }
 
 bool finish_result_view(Session& session, const report::ResultView& view, report::ListTarget target,

@@ -90,7 +90,8 @@ void set_equilibrium_functions(Session& session, bool on);
 void set_extended_pages(Session& session, report::ResultView& view, bool functions,
                         bool derivatives);
 
-/// Calculates every active data set; a message that repeats is shown once.
+/// Calculates every active data set; a message that repeats is shown once. Throws
+/// `progress::GivenUp`.
 report::Comparison compare_all_sets(Session& session);
 /// Calculates, and prints the list or saves it where the user wants it. False when the user gave
 /// up.

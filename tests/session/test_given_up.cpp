@@ -3,6 +3,7 @@
 
 #include "common/progress.h"
 #include "datafiles/xy_file.h"
+#include "session/calculations.h"
 #include "session/xy_session.h"
 #include "support/session_test.h"
 
@@ -58,6 +59,21 @@ TEST_F(GivenUp, SavingPointsWritesNothing) {
     EXPECT_FALSE(session::save_xy(session, data));
     EXPECT_FALSE(std::filesystem::exists(folder() / "none.XY"));
     EXPECT_EQ(shown_.front(), "Writing points");
+}
+
+TEST_F(GivenUp, AListOfResultsIsNeitherPrintedNorWritten) {
+    {
+        const auto now = session.change();
+        now->measured.points.assign(10, {.T = 300, .p = 500});
+        now->calculation.task = calculation::Task::state;
+        now->batch_mode = true;
+    }
+    EXPECT_FALSE(session::print_result(session, "T, p", false));
+    EXPECT_TRUE(user.prints.empty());
+    user.fileAnswers = {(folder() / "none.LST").string()};
+    EXPECT_FALSE(session::save_result_list(session, "T, p", false));
+    EXPECT_FALSE(std::filesystem::exists(folder() / "none.LST"));
+    EXPECT_EQ(shown_.front(), "Calculating");
 }
 
 TEST_F(GivenUp, AWorkOfAMomentIsNotShown) {
