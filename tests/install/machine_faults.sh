@@ -8,7 +8,7 @@ build=$1
 work=$(mktemp -d)
 program=""
 finish() {
-  [ -z "$program" ] || kill "$program" 2>/dev/null || true
+  [ -z "$program" ] || kill -- "-$program" 2>/dev/null || true
   rm -rf "$work"
 }
 trap finish EXIT
@@ -29,13 +29,14 @@ done
 starts() {
   name=$1
   shift
-  "$@" "$folder/quor6" >"$work/out" 2>&1 &
+  # A group of its own, for what sets the clock off starts the program as its child.
+  setsid "$@" "$folder/quor6" >"$work/out" 2>&1 &
   program=$!
   for _ in 1 2 3; do
     sleep 0.3
     kill -0 "$program" 2>/dev/null || fail "$name: the program has ended by itself: $(cat "$work/out")"
   done
-  kill "$program"
+  kill -- "-$program"
   wait "$program" 2>/dev/null || true
   program=""
   echo "$name: starts and goes on"
