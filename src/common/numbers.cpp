@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "common/faults.h"
+#include "common/single.h"
 
 namespace quor::numbers {
 
@@ -335,8 +336,7 @@ std::int32_t to_int32(double value) {
 }
 
 float to_single(double value) {
-    if (!(std::fabs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
-        throw faults::Fault(faults::kOverflow);
+    if (!fits_single(value)) throw faults::Fault(faults::kOverflow);
     return static_cast<float>(value);
 }
 

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "common/numbers.h"
+#include "common/single.h"
 #include "common/text.h"
 
 namespace quor::datafiles {
@@ -30,8 +31,7 @@ double cell_number(std::string_view cell) {
 }
 
 float single_or_zero(double value) {
-    const double largest = static_cast<double>(std::numeric_limits<float>::max());
-    return std::fabs(value) <= largest ? static_cast<float>(value) : 0.0F;
+    return numbers::fits_single(value) ? static_cast<float>(value) : 0.0F;
 }
 
 std::optional<float> single(std::optional<double> value) {

@@ -3,11 +3,11 @@
 #include <charconv>
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <map>
 #include <set>
 
 #include "common/numbers.h"
+#include "common/single.h"
 #include "common/text.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/csv_table.h"
@@ -136,7 +136,7 @@ class TableReader {
             return 0;
         }
         if (column.is_bound) return bound_value(column, *value);
-        if (std::fabs(*value) > static_cast<double>(std::numeric_limits<float>::max())) {
+        if (!numbers::fits_single(*value)) {
             complain(column.name, cell + " is too large.");
             return 0;
         }

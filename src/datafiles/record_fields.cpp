@@ -3,9 +3,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
 
 #include "common/numbers.h"
+#include "common/single.h"
 #include "common/text.h"
 #include "datafiles/cell_numbers.h"
 
@@ -256,8 +256,7 @@ struct Store {
 
     Result<void> operator()(float* field) const {
         const std::optional<double> number = numbers::number(value);
-        if (!number || std::fabs(*number) > static_cast<double>(std::numeric_limits<float>::max()))
-            return not_a(name, value, "number");
+        if (!number || !numbers::fits_single(*number)) return not_a(name, value, "number");
         *field = static_cast<float>(*number);
         return {};
     }

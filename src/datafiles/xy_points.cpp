@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "common/numbers.h"
+#include "common/single.h"
 #include "common/text_parts.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/table_text.h"
@@ -17,8 +17,7 @@ namespace {
 FitPoint changed(FitPoint p, XyManipulation what, double W) {
     const double x = static_cast<double>(p.x), y = static_cast<double>(p.y);
     const auto single = [](double value) {
-        constexpr auto largest = static_cast<double>(std::numeric_limits<float>::max());
-        return std::fabs(value) <= largest ? static_cast<float>(value) : NAN;
+        return numbers::fits_single(value) ? static_cast<float>(value) : NAN;
     };
     switch (what) {
         case XyManipulation::OneMinusX:

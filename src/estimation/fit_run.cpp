@@ -7,6 +7,7 @@
 #include "common/constants.h"
 #include "common/numbers.h"
 #include "common/progress.h"
+#include "common/single.h"
 #include "estimation/fit_start_values.h"
 #include "estimation/fit_statistics.h"
 #include "estimation/fit_worth.h"
@@ -108,10 +109,9 @@ void complete_linear_result(FitState& state) {
 }
 
 std::string single_text(std::optional<double> value) {
-    constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
     if (!value) return "---";
-    return std::fabs(*value) <= most ? numbers::general(static_cast<float>(*value))
-                                     : numbers::general(*value);
+    return numbers::fits_single(*value) ? numbers::general(static_cast<float>(*value))
+                                        : numbers::general(*value);
 }
 
 }  // namespace

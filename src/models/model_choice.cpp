@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <limits>
 
 #include "common/constants.h"
 #include "common/numbers.h"
+#include "common/single.h"
 #include "common/text.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
@@ -198,8 +198,7 @@ void ModelChoice::choose_cp(std::size_t index) {
 
 void ModelChoice::set_watson(std::string_view typed) {
     const double n = numbers::typed_number(typed).value_or(0);
-    constexpr double kLargest = std::numeric_limits<float>::max();
-    models_.watson_n = std::fabs(n) <= kLargest ? static_cast<float>(n) : 0.0F;
+    models_.watson_n = numbers::fits_single(n) ? static_cast<float>(n) : 0.0F;
 }
 
 std::optional<std::string> ModelChoice::warning() const {

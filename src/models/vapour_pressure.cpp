@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
-#include <limits>
 
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "common/single.h"
 #include "models/validity.h"
 
 namespace quor::models {
@@ -271,9 +271,7 @@ namespace {
 
 /// True for coefficients that a set can hold; a record that makes no sense gives others.
 bool fit_32_bits(std::initializer_list<double> coefficients) {
-    constexpr double largest = std::numeric_limits<float>::max();
-    return std::all_of(coefficients.begin(), coefficients.end(),
-                       [](double x) { return std::fabs(x) <= largest; });
+    return std::all_of(coefficients.begin(), coefficients.end(), numbers::fits_single);
 }
 
 /// Thompson's rule for C of the Antoine equation; A and B through boiling and critical point.

@@ -1,9 +1,7 @@
 #include "report/diagnosis.h"
 
-#include <cmath>
-#include <limits>
-
 #include "common/numbers.h"
+#include "common/single.h"
 #include "report/list_layout.h"
 
 namespace quor::report {
@@ -15,8 +13,7 @@ constexpr auto kMetastable = "(metastable)", kUnstable = "(unstable)";
 
 /// A volume that 32 bits do not hold stands as it is.
 std::string volume_text(double v) {
-    const bool fits = std::fabs(v) <= static_cast<double>(std::numeric_limits<float>::max());
-    return fits ? value32(v) : numbers::general(v);
+    return numbers::fits_single(v) ? value32(v) : numbers::general(v);
 }
 
 RootRow root_row(int number, double v, const std::string& note) {

@@ -1,9 +1,7 @@
 #include "report/reference_lines.h"
 
-#include <cmath>
-#include <limits>
-
 #include "common/numbers.h"
+#include "common/single.h"
 #include "common/text.h"
 #include "models/model_tables.h"
 #include "models/named_reference.h"
@@ -18,7 +16,7 @@ constexpr std::int16_t kFormation = 10;
 /// A value that 32 bits do not hold stands as it is.
 std::string general(double value, Numbers how) {
     const bool point = how == Numbers::Point;
-    if (!(std::fabs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
+    if (!numbers::fits_single(value))
         return point ? numbers::general_point(value) : numbers::general(value);
     const auto single = static_cast<float>(value);
     return point ? numbers::general_point(single) : numbers::general(single);

@@ -7,6 +7,7 @@
 #include "diagrams/polytropic_exchange.h"
 #include "gui/diagrams/process_line_dialog.h"
 #include "gui/graph_test.h"
+#include "gui/widgets/qt_dialogs.h"
 #include "models/saturation.h"
 
 using namespace quor;
@@ -394,6 +395,7 @@ TEST_F(ProcessInput, TheAnswerOfTheProgramIsDrawn) {
 }
 
 TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
+    dialogs::current().patience = dialogs::desktop().patience;
     openIsotherm();
     bringProgram();
     program.start = [](const std::string&, const std::string&, auto&) { return true; };

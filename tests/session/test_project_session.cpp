@@ -4,6 +4,7 @@
 #include "session/substance_session.h"
 #include "support/codes.h"
 #include "support/database_builder.h"
+#include "support/databases.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -459,6 +460,27 @@ TEST_F(ProjectSession, TheManualVirialEquationComesBackWithItsCoefficients) {
     EXPECT_TRUE(session::load_project(session, (folder() / "B.QCF").string()).models_complete);
     EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12);
     EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(ProjectSession, ANamedReferenceStateComesBackAndOlderReadersGetItsValues) {
+    databases::Write(folder() / "A.Q05", {databases::Row("Propane")});
+    load(kProject);
+    session.change()->reference.named = models::NamedState::iir;
+    const models::ReferenceState before = session::present_reference(session);
+    ASSERT_EQ(before.named, models::NamedState::iir);
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    ASSERT_TRUE(session::save_project(session));
+    const datafiles::ProjectContent content = session::present_project(session);
+    EXPECT_EQ(content.settings.reference_mode, 1);
+    EXPECT_EQ(content.settings.href, before.href);
+    EXPECT_EQ(content.settings.sref, before.sref);
+
+    session::reset_everything(session);
+    EXPECT_TRUE(session::load_project(session, (folder() / "B.QCF").string()).models_complete);
+    EXPECT_EQ(session->reference.named, models::NamedState::iir);
+    EXPECT_EQ(session::present_reference(session), before);
+    load(kProject);
+    EXPECT_EQ(session->reference.named, models::NamedState::none) << "of the project before";
 }
 
 TEST_F(ProjectSession, AManualVirialEquationWithoutCoefficientsIsAskedForAnew) {

@@ -14,7 +14,6 @@
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
-#include "gui/widgets/patient_wait.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 
@@ -287,9 +286,8 @@ void ProcessLineDialog::tellStart() {
 }
 
 Result<diagrams::ProcessLine, diagrams::PolytropicFailure> ProcessLineDialog::askProgram() {
-    const PatientWait wait(diagrams::kPolytropicProgram, runner_.patience.limit, this);
     diagrams::PolytropicRunner runner = runner_;
-    runner.patience.pass = [&wait] { return wait.pass(); };
+    runner.patience.pass = dialogs::patience(diagrams::kPolytropicProgram, runner_.patience.limit);
     const Places& places = task_.places;
     const std::string name = diagrams::kPolytropicProgram;
     return diagrams::run_polytrope(

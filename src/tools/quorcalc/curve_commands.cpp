@@ -1,9 +1,8 @@
 #include <charconv>
-#include <cmath>
-#include <limits>
 
 #include "chart/chart2d.h"
 #include "common/numbers.h"
+#include "common/single.h"
 #include "common/text.h"
 #include "session/diagram_choice.h"
 #include "tools/quorcalc/command_list.h"
@@ -17,7 +16,7 @@ std::vector<float> numbers_of(const std::string& list, const char* option) {
     for (const std::string& part : text::split(list, ',')) {
         const std::optional<double> value = numbers::number(part);
         if (!value) throw WrongCall{std::string(option) + ": not a number: " + part};
-        if (std::fabs(*value) > static_cast<double>(std::numeric_limits<float>::max()))
+        if (!numbers::fits_single(*value))
             throw WrongCall{std::string(option) + ": out of range: " + part};
         values.push_back(static_cast<float>(*value));
     }

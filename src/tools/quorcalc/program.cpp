@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <limits>
 #include <utility>
 
 #include "common/dialogs.h"
+#include "common/single.h"
 #include "common/text.h"
 #include "diagrams/curve.h"
 #include "tools/quorcalc/line_reader.h"
@@ -55,9 +55,8 @@ void refuse_beyond_32_bits(const Arguments& a) {
     const std::pair<const char*, const std::optional<double>&> singles[] = {
         {"--T", a.T},   {"--v", a.v},   {"--rho", a.rho},       {"--V", a.V},    {"--m", a.m},
         {"--T0", a.T0}, {"--p0", a.p0}, {"--watson", a.watson}, {"--Tcr", a.Tcr}};
-    constexpr double most = std::numeric_limits<float>::max();
     for (const auto& [option, value] : singles)
-        if (value && std::fabs(*value) > most)
+        if (value && !numbers::fits_single(*value))
             throw WrongCall{std::string(option) + " is out of range"};
 }
 

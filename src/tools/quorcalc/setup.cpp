@@ -1,7 +1,7 @@
 #include <cmath>
-#include <limits>
 
 #include "common/numbers.h"
+#include "common/single.h"
 #include "common/text.h"
 #include "datafiles/record_fields.h"
 #include "models/cubic_eos.h"
@@ -258,8 +258,7 @@ void choose_reference(session::SessionState& state, const Arguments& a) {
     for (std::size_t i = 0; i < 4; ++i) {
         const auto value = numbers::number(parts[i]);
         if (!value) throw WrongCall{"--benson: not a number: " + parts[i]};
-        if (std::fabs(*value) > static_cast<double>(std::numeric_limits<float>::max()))
-            throw WrongCall{"--benson: out of range: " + parts[i]};
+        if (!numbers::fits_single(*value)) throw WrongCall{"--benson: out of range: " + parts[i]};
         values[i] = static_cast<float>(*value);
     }
     state.calculation.method.reference = {values[0], values[1], values[2], values[3]};
