@@ -27,7 +27,7 @@ enum class Section : std::uint8_t {
     process,     ///< a process line
 };
 
-/// What an axis shows. The caloric families have one text for each `caloric_unit`, volumes and pv
+/// What an axis shows. The caloric families have one text for each `CaloricUnit`, volumes and pv
 /// one for each `UnitSystem`.
 enum class Axis : std::uint8_t {
     none,

@@ -41,7 +41,7 @@ void renew_limits(Session& session) {
     const auto now = session.change();
     settle_units(session);
     now->caloric_factor =
-        models::caloric_factor(now->caloric_unit, now->diagram_at.T, now->substance);
+        models::caloric_factor(now->units.caloric, now->diagram_at.T, now->substance);
     now->coordinates =
         diagrams::coordinate_defaults(present_basis(session), now->coordinates, now->units_changed);
 }

@@ -47,10 +47,10 @@ OptionChoice open_options(Session& session) {
     using models::UnitSystem;
     OptionChoice c;
     c.reduced_possible = session->substance.Tcrit * session->substance.pcrit > constants::kPresent;
-    if (!c.reduced_possible) session.change()->unit_system = UnitSystem::molar;
-    c.specific = session->caloric_unit == models::CaloricUnit::specific;
+    if (!c.reduced_possible) session.change()->units.system = UnitSystem::molar;
+    c.specific = session->units.caloric == models::CaloricUnit::specific;
     c.batch = session->batch_mode;
-    c.reduced = session->unit_system == UnitSystem::reduced;
+    c.reduced = session->units.system == UnitSystem::reduced;
     c.real_range = session->curve_options.real_range_only;
     c.s_without_tie_line = session->curve_options.s_without_tie_line;
     c.s_curve_possible = !session->models.vapour_only;
@@ -72,8 +72,8 @@ bool apply_options(Session& session, const OptionChoice& c) {
     }
     const auto now = session.change();
     now->units_changed = differ(session, *chosen);
-    now->unit_system = chosen->choice.system;
-    now->caloric_unit = chosen->choice.caloric;
+    now->units.system = chosen->choice.system;
+    now->units.caloric = chosen->choice.caloric;
     now->curve_options = {.points = std::clamp(c.points, kMinPoints, kMaxPoints),
                           .real_range_only = c.real_range,
                           .s_without_tie_line = c.s_without_tie_line,

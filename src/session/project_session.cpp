@@ -30,8 +30,8 @@ void for_each_setting(State& now, Settings& s, const Both& both) {
     both(now.diagram_at.p, s.diagram_p);
     both(now.diagram_at.v, s.diagram_v);
     both(now.caloric_factor, s.caloric_factor);
-    both(now.unit_system, s.unit_mode);
-    both(now.caloric_unit, s.caloric_unit);
+    both(now.units.system, s.unit_mode);
+    both(now.units.caloric, s.caloric_unit);
     both(now.curve_options.real_range_only, s.curve_real_range_only);
     both(now.curve_options.points, s.points_per_curve);
     both(now.csv_separator, s.csv_separator);

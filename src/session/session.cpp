@@ -100,7 +100,9 @@ void settle_reference_state(Session& session) {
 }
 
 models::UnitChoice unit_choice(const SessionState& state) {
-    return {state.unit_system, state.caloric_unit, state.diagram_at.T};
+    models::UnitChoice choice = state.units;
+    choice.T_of_RT = state.diagram_at.T;
+    return choice;
 }
 
 models::Units present_units(const Session& session) {
@@ -110,10 +112,9 @@ models::Units present_units(const Session& session) {
 void settle_units(Session& session) {
     const auto now = session.change();
     try {
-        now->unit_system = present_units(session).choice.system;
+        now->units.system = present_units(session).choice.system;
     } catch (const faults::Fault&) {
-        now->unit_system = models::UnitSystem::molar;
-        now->caloric_unit = models::CaloricUnit::molar;
+        now->units = models::possible_choice(now->units, session.fluid());
     }
 }
 

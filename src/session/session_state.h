@@ -52,8 +52,7 @@ struct SessionState {
     models::ReferenceState reference;
 
     // Units
-    models::UnitSystem unit_system = models::UnitSystem::molar;
-    models::CaloricUnit caloric_unit = models::CaloricUnit::molar;
+    models::UnitChoice units;     ///< its T of R T is that of the last curve, in `unit_choice`
     double caloric_factor = 1.0;  ///< on kJ/kmol, as a project keeps it
     bool units_changed = false;   ///< by the options, when they were applied last
 

@@ -19,9 +19,9 @@ class DirectInput : public SessionCalcTest {
     }
     void use_units(models::UnitSystem system) {
         change([&](session::SessionState& s) {
-            s.unit_system = system;
-            s.caloric_unit = system == models::UnitSystem::specific ? models::CaloricUnit::specific
-                                                                    : models::CaloricUnit::molar;
+            s.units.system = system;
+            s.units.caloric = system == models::UnitSystem::specific ? models::CaloricUnit::specific
+                                                                     : models::CaloricUnit::molar;
         });
     }
     report::DirectInput describe_direct_input(bool amount = false) const {

@@ -314,8 +314,8 @@ TEST_F(Protocol, NamesStandForTheirIndices) {
 }
 
 TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
-    session.change()->unit_system = models::UnitSystem::specific;
-    session.change()->caloric_unit = models::CaloricUnit::specific;
+    session.change()->units.system = models::UnitSystem::specific;
+    session.change()->units.caloric = models::CaloricUnit::specific;
     calculate(8, 300, 100);
     session::add_to_protocol(session);
     ASSERT_TRUE(session::write_protocol(session));
@@ -497,8 +497,8 @@ TEST_F(Protocol, ARowStaysWithItsModelAndItsUnits) {
     write_state(300, 100);
     use_models({.eos = 4});
     write_state(300, 100);
-    session.change()->unit_system = models::UnitSystem::specific;
-    session.change()->caloric_unit = models::CaloricUnit::specific;
+    session.change()->units.system = models::UnitSystem::specific;
+    session.change()->units.caloric = models::CaloricUnit::specific;
     write_state(300, 100);
     ASSERT_TRUE(session::write_protocol(session));
     std::vector<std::string> models, units;

@@ -93,26 +93,26 @@ bool same(const T& a, const T& b) {
 auto fields(const session::SessionState& state) {
     const auto& [database, database_file, database_folders, synonyms, synonym_file,
                  substance_number, substance_set, applied_unsaved, substance, models,
-                 eos_parameters, ji_torvik, ji_torvik_given, reference, unit_system, caloric_unit,
-                 caloric_factor, units_changed, calculation, batch_mode, tank, results, protocol,
-                 csv_separator, decimal_comma, measured, measured_unsaved, xy, xy_unsaved, xy_graph,
-                 fit_source, fit_column, diagram, diagram_at, coordinates, curve_options,
-                 process_line, new_substance_diagram, surface_kind, surface_scurve, folder_measured,
+                 eos_parameters, ji_torvik, ji_torvik_given, reference, units, caloric_factor,
+                 units_changed, calculation, batch_mode, tank, results, protocol, csv_separator,
+                 decimal_comma, measured, measured_unsaved, xy, xy_unsaved, xy_graph, fit_source,
+                 fit_column, diagram, diagram_at, coordinates, curve_options, process_line,
+                 new_substance_diagram, surface_kind, surface_scurve, folder_measured,
                  folder_diagrams, folder_surfaces, folder_xy, folder_projects, last_session_file,
                  last_session_written, project_file, project_comment, english, tips_hidden,
                  tips_requested, diagram_note, project_note, synonym_note, isoline_note, commands] =
         state;
     return std::tie(database, database_file, database_folders, synonyms, synonym_file,
                     substance_number, substance_set, applied_unsaved, substance, models,
-                    eos_parameters, ji_torvik, ji_torvik_given, reference, unit_system,
-                    caloric_unit, caloric_factor, units_changed, calculation, batch_mode, tank,
-                    results, protocol, csv_separator, decimal_comma, measured, measured_unsaved, xy,
-                    xy_unsaved, xy_graph, fit_source, fit_column, diagram, diagram_at, coordinates,
-                    curve_options, process_line, new_substance_diagram, surface_kind,
-                    surface_scurve, folder_measured, folder_diagrams, folder_surfaces, folder_xy,
-                    folder_projects, last_session_file, last_session_written, project_file,
-                    project_comment, english, tips_hidden, tips_requested, diagram_note,
-                    project_note, synonym_note, isoline_note, commands);
+                    eos_parameters, ji_torvik, ji_torvik_given, reference, units, caloric_factor,
+                    units_changed, calculation, batch_mode, tank, results, protocol, csv_separator,
+                    decimal_comma, measured, measured_unsaved, xy, xy_unsaved, xy_graph, fit_source,
+                    fit_column, diagram, diagram_at, coordinates, curve_options, process_line,
+                    new_substance_diagram, surface_kind, surface_scurve, folder_measured,
+                    folder_diagrams, folder_surfaces, folder_xy, folder_projects, last_session_file,
+                    last_session_written, project_file, project_comment, english, tips_hidden,
+                    tips_requested, diagram_note, project_note, synonym_note, isoline_note,
+                    commands);
 }
 
 template <class Fields, std::size_t... place>

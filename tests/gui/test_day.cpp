@@ -137,7 +137,7 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     click("Toolbar1_4");
     EXPECT_EQ(session->database_file, "MINE.Q05");
     EXPECT_EQ(session->substance.name, "Propane");
-    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::specific);
     EXPECT_FALSE(session->batch_mode);
     EXPECT_EQ(session->models.eos, models.eos);
     EXPECT_EQ(session->models.vapour_pressure, models.vapour_pressure);

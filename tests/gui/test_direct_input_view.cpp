@@ -115,8 +115,8 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     click("cmdParameter_OK");
     EXPECT_NEAR(static_cast<double>(input().rho), kM / 0.5, 1e-4);
 
-    session.change()->unit_system = models::UnitSystem::specific;
-    session.change()->caloric_unit = models::CaloricUnit::specific;
+    session.change()->units.system = models::UnitSystem::specific;
+    session.change()->units.caloric = models::CaloricUnit::specific;
     session::settle_units(session);
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input specif. volume, cf. Options ");
@@ -127,7 +127,7 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     click("cmdParameter_OK");
     EXPECT_NEAR(static_cast<double>(input().rho), 80.0, 1e-4);
 
-    session.change()->unit_system = models::UnitSystem::reduced;
+    session.change()->units.system = models::UnitSystem::reduced;
     session::settle_units(session);
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input red. volume, cf. Options ");

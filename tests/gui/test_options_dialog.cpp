@@ -37,7 +37,7 @@ TEST_F(OptionsView, OKAppliesUnitsModeAndResolution) {
     drive::get<QSlider>("Slider1_punktdichte")->setValue(500);
     EXPECT_EQ(drive::get<QLabel>("Label54")->text(), "500");
     click("cmdOK");
-    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::specific);
     EXPECT_TRUE(session->batch_mode);
     EXPECT_TRUE(session->curve_options.partial_gas);
     EXPECT_EQ(session->curve_options.points, 500);
@@ -50,8 +50,8 @@ TEST_F(OptionsView, CancelChangesNothing) {
     click("OptCalcMode_1");
     click("chkReduziert");
     click("cmdClose");
-    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::molar);
-    EXPECT_EQ(session->unit_system, models::UnitSystem::molar);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::molar);
+    EXPECT_EQ(session->units.system, models::UnitSystem::molar);
     EXPECT_FALSE(session->batch_mode);
 }
 

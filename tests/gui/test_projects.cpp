@@ -31,7 +31,7 @@ TEST_F(Projects, TheLastSessionComesBackAsItWas) {
         drive::click("cmdOK");
     });
     drive::choose("mnuOptions");
-    ASSERT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+    ASSERT_EQ(session->units.caloric, models::CaloricUnit::specific);
     const models::ModelSelection models = session->models;
     const double p = models::saturation_pressure(session.fluid(), 280)->p;
     ASSERT_GT(p, 0);
@@ -43,7 +43,7 @@ TEST_F(Projects, TheLastSessionComesBackAsItWas) {
     drive::click("Toolbar1_4");
     EXPECT_EQ(session->database_file, "STUDENT.Q05");
     EXPECT_EQ(session->substance.name, "Carbon dioxide");
-    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::specific);
     EXPECT_EQ(session::present_units(session).v_label, "m^3/kg  ");
     EXPECT_EQ(session->models.eos, models.eos);
     EXPECT_EQ(session->models.vapour_pressure, models.vapour_pressure);

@@ -82,7 +82,7 @@ TEST_F(ReferenceStateDialogTest, NamesHAndSInTheUnitOfTheSession) {
          {Case{Unit::molar, "h /(kJ/kmol)", "s /(kJ/kmol/K)"}, Case{Unit::kelvin, "h /K", "s /R"},
           Case{Unit::RT, "h /(R T)", "s /(1/K) "},
           Case{Unit::specific, "h /(kJ/kg)", "s /(kJ/(kg K))"}}) {
-        session.change()->caloric_unit = c.unit;
+        session.change()->units.caloric = c.unit;
         inView([&] {
             EXPECT_EQ(read("lblT_0"), c.h);
             EXPECT_EQ(read("lblT_1"), c.s);
@@ -100,7 +100,7 @@ TEST_F(ReferenceStateDialogTest, StoresTheFieldsInTheUnitsOfTheRecord) {
     };
     for (const Case& c : {Case{Unit::molar, 1.0}, Case{Unit::kelvin, 1 / kR},
                           Case{Unit::RT, 1 / (kR * 298.15)}, Case{Unit::specific, 1 / kM}}) {
-        session.change()->caloric_unit = c.unit;
+        session.change()->units.caloric = c.unit;
         inView([] {
             const char* typed[] = {"100", "-2,5", "273.15", "100", "290", "95.5"};
             for (int i = 0; i < 6; ++i) type(QString("T_%1").arg(i), typed[i]);

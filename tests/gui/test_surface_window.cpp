@@ -405,8 +405,8 @@ TEST_F(Graph3D, DrawsAnewInTheUnitsOfTheMoment) {
     const chart::Marker3D molar = shown().markers.at(0);
     const float before = shown().surface.z.at(100);
     change([](auto& state) {
-        state.caloric_unit = models::CaloricUnit::specific;
-        state.unit_system = models::UnitSystem::specific;
+        state.units.caloric = models::CaloricUnit::specific;
+        state.units.system = models::UnitSystem::specific;
     });
     click("cmdNewDraw");
     EXPECT_EQ(shown().z.title, "h / (kJ/kg) ");
@@ -537,7 +537,7 @@ TEST_F(Graph3D, TheSurfaceInUseIsTheOneOfTheSession) {
 TEST_F(Graph3D, AFaultWhileTheViewOpensIsTold) {
     change([](auto& state) {
         state.substance.M = 0;
-        state.caloric_unit = models::CaloricUnit::specific;
+        state.units.caloric = models::CaloricUnit::specific;
     });
     choose(kEnthalpyRow);
     EXPECT_EQ(window(), nullptr);

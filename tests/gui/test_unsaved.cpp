@@ -102,7 +102,7 @@ TEST_F(Unsaved, ADiagramKeepsItsUnitsWhenItsQuestionIsEscaped) {
     });
     choose("mnuOptions");
     ASSERT_NE(view, nullptr);
-    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::molar);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::molar);
 }
 
 TEST_F(Unsaved, ADiagramAsksOnlyAboutWhatIsInNoFile) {

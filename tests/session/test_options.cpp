@@ -19,8 +19,8 @@ class Options : public SessionTest {
 };
 
 TEST_F(Options, OpenWithTheSettingsOfTheSession) {
-    session.change()->caloric_unit = models::CaloricUnit::specific;
-    session.change()->unit_system = models::UnitSystem::reduced;
+    session.change()->units.caloric = models::CaloricUnit::specific;
+    session.change()->units.system = models::UnitSystem::reduced;
     session.change()->batch_mode = true;
     session.change()->curve_options.points = 450;
     session.change()->curve_options.partial_gas = true;
@@ -33,9 +33,9 @@ TEST_F(Options, OpenWithTheSettingsOfTheSession) {
 
 TEST_F(Options, WithoutCriticalDataReducedUnitsAreNotOffered) {
     session.change()->substance.pcrit = 0;
-    session.change()->unit_system = models::UnitSystem::reduced;
+    session.change()->units.system = models::UnitSystem::reduced;
     EXPECT_FALSE(session::open_options(session).reduced_possible);
-    EXPECT_EQ(session->unit_system, models::UnitSystem::molar);
+    EXPECT_EQ(session->units.system, models::UnitSystem::molar);
 }
 
 TEST_F(Options, AVOnlyEquationHasNoSCurve) {
@@ -48,8 +48,8 @@ TEST_F(Options, SpecificUnitsSetFactorsAndLabels) {
     c.specific = true;
     ASSERT_TRUE(session::apply_options(session, c));
     const double M = static_cast<double>(session->substance.M);
-    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
-    EXPECT_EQ(session->unit_system, models::UnitSystem::specific);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::specific);
+    EXPECT_EQ(session->units.system, models::UnitSystem::specific);
     EXPECT_DOUBLE_EQ(session->caloric_factor, 1 / M);
     EXPECT_DOUBLE_EQ(session::present_units(session).v, 1 / M);
     EXPECT_EQ(session::present_units(session).v_label, "m^3/kg  ");
@@ -62,7 +62,7 @@ TEST_F(Options, ReducedUnitsOverrideTheVolumeUnit) {
     session::OptionChoice c = session::open_options(session);
     c.reduced = true;
     ASSERT_TRUE(session::apply_options(session, c));
-    EXPECT_EQ(session->unit_system, models::UnitSystem::reduced);
+    EXPECT_EQ(session->units.system, models::UnitSystem::reduced);
     EXPECT_DOUBLE_EQ(session::present_units(session).v, 5.0);
     EXPECT_EQ(session::present_units(session).p_label, "p(red)");
 }
@@ -74,7 +74,7 @@ TEST_F(Options, WithoutMolarMassSpecificUnitsAreRefusedAndNothingChanges) {
     c.batch = true;
     EXPECT_FALSE(session::apply_options(session, c));
     EXPECT_EQ(user.lastText(), "Division by zero");
-    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::molar);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::molar);
     EXPECT_FALSE(session->batch_mode);
 }
 

@@ -74,8 +74,8 @@ class ProjectSession : public SessionTest {
         EXPECT_EQ(session->diagram_at.p, 1500.5);
         EXPECT_EQ(session->diagram_at.v, 0.125);
         EXPECT_EQ(session->caloric_factor, 0.02);
-        EXPECT_EQ(session->unit_system, models::UnitSystem::specific);
-        EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+        EXPECT_EQ(session->units.system, models::UnitSystem::specific);
+        EXPECT_EQ(session->units.caloric, models::CaloricUnit::specific);
         EXPECT_FALSE(session->curve_options.real_range_only);
         EXPECT_EQ(session->curve_options.points, 450);
         EXPECT_EQ(session->csv_separator, ',');
@@ -409,7 +409,7 @@ TEST_F(ProjectSession, ATruncatedFileLeavesTheLaterSettings) {
     const std::string text = kProject;
     load(text.substr(0, text.find("450")));
     EXPECT_EQ(session->diagram_at.T, 310.25);
-    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::specific);
     EXPECT_FALSE(session->curve_options.real_range_only);
     EXPECT_EQ(session->curve_options.points, 300);
     EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "WAG");

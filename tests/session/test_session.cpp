@@ -46,9 +46,9 @@ TEST_F(Session, DecimalCommaFollowsTheLocale) {
 
 TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
     session.change()->substance.Tcrit = 0;
-    session.change()->unit_system = models::UnitSystem::reduced;
+    session.change()->units.system = models::UnitSystem::reduced;
     session::settle_units(session);
-    EXPECT_EQ(session->unit_system, models::UnitSystem::molar);
+    EXPECT_EQ(session->units.system, models::UnitSystem::molar);
     const models::Units u = session::present_units(session);
     EXPECT_EQ(u.v_label, "m^3/kmol");
     EXPECT_EQ(u.T_label, "K");
@@ -58,7 +58,7 @@ TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
 TEST_F(Session, ReducedUnitsNameEveryQuantity) {
     session.change()->substance = fluids::ReferencePropane();
     session.change()->eos_parameters.vcrit_calculated = 0.25;
-    session.change()->unit_system = models::UnitSystem::reduced;
+    session.change()->units.system = models::UnitSystem::reduced;
     const models::Units u = session::present_units(session);
     EXPECT_EQ(u.T_label, "T(red)");
     EXPECT_EQ(u.p_label, "p(red)");
@@ -70,7 +70,7 @@ TEST_F(Session, ReducedUnitsNameEveryQuantity) {
 
 TEST_F(Session, SpecificUnitsDivideByTheMolarMass) {
     session.change()->substance.M = 44.0F;
-    session.change()->unit_system = models::UnitSystem::specific;
+    session.change()->units.system = models::UnitSystem::specific;
     const models::Units u = session::present_units(session);
     EXPECT_DOUBLE_EQ(u.v, 1.0 / 44.0);
     EXPECT_EQ(u.v_label, "m^3/kg  ");

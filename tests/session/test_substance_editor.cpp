@@ -391,7 +391,7 @@ TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
 TEST_F(SubstanceEditor, EosAndUnitsFollow) {
     ASSERT_TRUE(session::compute_constants(session, codes::eos(6)));
     const double before = session->eos_parameters.a0;
-    session.change()->unit_system = models::UnitSystem::specific;
+    session.change()->units.system = models::UnitSystem::specific;
     EditorTexts texts = show_record(session->substance);
     texts[0] = "50";
     texts[4] = "400";

@@ -35,7 +35,7 @@ int idOf(NamedState state) {
 // The factor of the present substance: that of the session is as old as the last calculation.
 double presentFactor(const session::SessionState& session) {
     try {
-        return models::caloric_factor(session.caloric_unit, session.diagram_at.T,
+        return models::caloric_factor(session.units.caloric, session.diagram_at.T,
                                       session.substance);
     } catch (const faults::Fault&) {
         return session.caloric_factor;
@@ -73,7 +73,7 @@ QLayout* ReferenceStateDialog::buildOptions() {
     auto* column = new QVBoxLayout;
     column->setSpacing(theme::kGap);
     const std::array<QString, 3> texts = {
-        valuesCaption(models::captions_of(desk_.session()->caloric_unit)),
+        valuesCaption(models::captions_of(desk_.session()->units.caloric)),
         "Z(ref) = quantity of formation for ideal gas state at To=298.15 and normal pressure\n"
         "from elements in the stable state",
         "Conventional Reference State (cf. Help)"};
@@ -101,7 +101,7 @@ QLayout* ReferenceStateDialog::buildOptions() {
 }
 
 QWidget* ReferenceStateDialog::buildOwnState() {
-    const models::ReferenceCaptions c = models::captions_of(desk_.session()->caloric_unit);
+    const models::ReferenceCaptions c = models::captions_of(desk_.session()->units.caloric);
     const std::array<QString, 4> names = {"T/K", "p/kPa", qt(c.h), qt(c.s)};
     ownFrame_ = form::frame("Own state", "fraOwnState");
     auto* row = form::grid(ownFrame_);
@@ -123,7 +123,7 @@ QWidget* ReferenceStateDialog::buildOwnState() {
 }
 
 QLayout* ReferenceStateDialog::buildFields() {
-    const models::ReferenceCaptions c = models::captions_of(desk_.session()->caloric_unit);
+    const models::ReferenceCaptions c = models::captions_of(desk_.session()->units.caloric);
     const std::array<QString, models::kReferenceFields> names = {qt(c.h),  qt(c.s), "To/K",
                                                                  "po/kPa", "T/K",   "p/kPa"};
     for (std::size_t i = 0; i < fields_.size(); ++i)

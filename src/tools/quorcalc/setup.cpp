@@ -196,13 +196,13 @@ void choose_models(session::Session& session, const Arguments& a) {
 void choose_units(session::Session& session, const Arguments& a) {
     const auto now = session.change();
     using enum models::UnitSystem;
-    now->unit_system = a.units == "specific" ? specific : a.units == "reduced" ? reduced : molar;
-    if (now->unit_system == specific) {
+    now->units.system = a.units == "specific" ? specific : a.units == "reduced" ? reduced : molar;
+    if (now->units.system == specific) {
         if (!(now->substance.M > 0)) throw CannotBeDone{"Division by zero"};
-        now->caloric_unit = models::CaloricUnit::specific;
+        now->units.caloric = models::CaloricUnit::specific;
     }
     now->caloric_factor =
-        models::caloric_factor(now->caloric_unit, now->diagram_at.T, now->substance);
+        models::caloric_factor(now->units.caloric, now->diagram_at.T, now->substance);
     session::settle_units(session);
 }
 
