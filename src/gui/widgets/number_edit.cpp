@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QRegularExpressionValidator>
 #include <QTimer>
+#include <utility>
 
 #include "common/numbers.h"
 
@@ -20,39 +21,97 @@ const QRegularExpression& typedNumber() {
 // Lets stand what looks like a number but is none, so that it can be marked: "1.000,5".
 class NumberValidator : public QRegularExpressionValidator {
   public:
-    explicit NumberValidator(QObject* parent)
-        : QRegularExpressionValidator(typedNumber(), parent) {}
+    NumberValidator(QObject* parent, bool takesUnits)
+        : QRegularExpressionValidator(typedNumber(), parent), takesUnits_(takesUnits) {}
 
     State validate(QString& input, int& cursor) const override {
         static const QRegularExpression characters(
             QStringLiteral("^[0-9.,eEdD+\\-\\s'\u00a0\u2009\u202f\u2019]*$"));
+        static const QRegularExpression withUnit(QStringLiteral(
+            "^\\s*[-+.,\\d][-+.,\\d\\s]*([eE][-+]?\\d+)?\\s*[A-Za-z°][A-Za-z0-9°/^()³²·*\\s]*$"));
         const State state = QRegularExpressionValidator::validate(input, cursor);
-        const bool stands = state == Invalid && characters.match(input).hasMatch();
-        return stands ? Intermediate : state;
+        if (state != Invalid) return state;
+        if (takesUnits_ && withUnit.match(input).hasMatch()) return Acceptable;
+        return characters.match(input).hasMatch() ? Intermediate : Invalid;
     }
+
+  private:
+    bool takesUnits_;
 };
 
 constexpr auto kNotOneNumber =
     "This cannot be read as one number: a point or a comma may stand once, as the decimal mark";
 constexpr int kDigitsShown = 14;
+constexpr int kDigitsConverted = 12;  // without the dust of a conversion
 
 }  // namespace
 
 NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
-    setValidator(new NumberValidator(this));
+    setValidator(new NumberValidator(this, false));
     setAlignment(Qt::AlignRight);
     connect(this, &QLineEdit::textEdited, this, [this] {
         mark_.clear();
         if (!hasAcceptableInput()) mark_.set(kNotOneNumber);
     });
+    connect(this, &QLineEdit::editingFinished, this, &NumberEdit::convertTyped);
+}
+
+void NumberEdit::setQuantity(models::Dimension dimension, const models::Scale& scale,
+                             const models::Fluid& fluid) {
+    if (!quantity_) {
+        delete validator();
+        setValidator(new NumberValidator(this, true));
+    }
+    const std::optional<Quantity> before =
+        std::exchange(quantity_, Quantity{dimension, scale, fluid});
+    if (!before || before->dimension != dimension || before->scale == scale) return;
+    const auto typed = numbers::typed_number(text().toStdString());
+    if (!typed) return;
+    if (!written_ || text() != converted_) written_ = {text(), before->scale};
+    const auto number = numbers::typed_number(written_->text.toStdString());
+    if (!number) return;
+    converted_ = written_->scale == scale
+                     ? written_->text
+                     : QString::fromStdString(numbers::general(
+                           scale.shown(written_->scale.value(*number)), kDigitsConverted));
+    setText(converted_);
+}
+
+Result<double> NumberEdit::read() const {
+    const std::string typed = text().toStdString();
+    if (quantity_)
+        return models::typed_value(typed, quantity_->dimension, quantity_->scale, quantity_->fluid);
+    if (const auto number = numbers::typed_number(typed)) return *number;
+    return Failure{"This is not a number"};
+}
+
+std::string NumberEdit::numberText() const {
+    if (!quantity_ || numbers::typed_number(text().toStdString())) return text().toStdString();
+    const Result<double> value = read();
+    return value ? numbers::general(*value, kDigitsConverted) : text().toStdString();
+}
+
+// A number with its unit becomes one in the unit of the field.
+void NumberEdit::convertTyped() {
+    if (!quantity_ || text().trimmed().isEmpty()) return;
+    if (holdsNumber())
+        setText(QString::fromStdString(numberText()));
+    else
+        mark_.set(whatIsWrong());
 }
 
 double NumberEdit::value() const {
-    return numbers::typed_number(text().toStdString()).value_or(0);
+    const Result<double> value = read();
+    return value ? *value : 0;
+}
+
+QString NumberEdit::whatIsWrong() const {
+    const Result<double> value = read();
+    return value ? QString() : QString::fromStdString(value.reason());
 }
 
 bool NumberEdit::holdsNumber() const {
-    return numbers::typed_number(text().toStdString()).has_value();
+    return static_cast<bool>(read());
 }
 
 void NumberEdit::setValue(double value) {
@@ -86,7 +145,7 @@ bool markWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty) {
     for (NumberEdit* field : fields) {
         const bool empty = field->text().trimmed().isEmpty();
         if (field->isHidden() || field->holdsNumber() || (empty && mayBeEmpty)) continue;
-        field->setMark(empty ? "A number is needed" : "This is not a number");
+        field->setMark(empty ? "A number is needed" : field->whatIsWrong());
         field->setFocus();
         return true;
     }
