@@ -23,6 +23,8 @@
 #include "app/open_file.h"
 #include "app/tip_dialog.h"
 #include "app/work_area.h"
+#include "gui/session/unit_sets.h"
+#include "gui/session/units_dialog.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
@@ -31,6 +33,7 @@
 #include "session/calculations.h"
 #include "session/commands.h"
 #include "session/end_session.h"
+#include "session/options.h"
 #include "session/session_status.h"
 #include "session/substance_session.h"
 
@@ -253,6 +256,8 @@ void MainWindow::refresh() {
     panels_[0]->setText(qt(texts.substance));
     panels_[1]->setText(qt(texts.eos));
     panels_[2]->setText(qt(texts.vapour_pressure));
+    reference_->setText(qt(texts.reference));
+    units_->setText("Units: " + gui::nameOf(session_->units));
     followUndo();
 }
 
@@ -374,6 +379,39 @@ void MainWindow::buildStatusBar() {
         panels_[i]->setIndent(gui::theme::kGap);
         bar->addWidget(panels_[i], kStretch[i]);
     }
+    reference_ = gui::form::named(gui::form::label(), "StatusBar1_5");
+    reference_->setToolTip("Zero of h and s");
+    bar->addPermanentWidget(reference_);
+    bar->addPermanentWidget(unitsButton());
+}
+
+QWidget* MainWindow::unitsButton() {
+    units_ = gui::form::named(new QToolButton, "cmdStatusUnits");
+    units_->setAutoRaise(true);
+    units_->setPopupMode(QToolButton::InstantPopup);
+    units_->setFocusPolicy(Qt::TabFocus);
+    units_->setToolTip("Units of all quantities");
+    auto* menu = gui::form::named(new QMenu(units_), "mnuUnits");
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillUnitsMenu(menu); });
+    units_->setMenu(menu);
+    return units_;
+}
+
+void MainWindow::fillUnitsMenu(QMenu* menu) {
+    menu->clear();
+    for (const gui::NamedUnits& set : gui::unitSets()) {
+        QAction* action = menu->addAction(gui::form::captionOf(set.name), this, [this, set] {
+            session::apply_units(session_, set.choice);
+        });
+        action->setCheckable(true);
+        action->setChecked(gui::sameUnits(set.choice, session_->units));
+    }
+    menu->addSeparator();
+    menu->addAction("&Each quantity ...", this, [this] {
+        gui::UnitsDialog dialog(session_->units, this);
+        if (desk_.openModal(dialog) == QDialog::Accepted)
+            session::apply_units(session_, dialog.choice());
+    });
 }
 
 void MainWindow::runTool(const menu::ToolButton& button) {

@@ -10,6 +10,7 @@
 #include "gui/widgets/undo_keys.h"
 
 class QLabel;
+class QToolButton;
 class QMenu;
 
 namespace quor::app {
@@ -57,6 +58,8 @@ class MainWindow : public QMainWindow, private gui::Desk::Frame {
     void buildMenus();
     void buildToolBar();
     void buildStatusBar();
+    QWidget* unitsButton();
+    void fillUnitsMenu(QMenu* menu);
     void addCommands();
 
     void menuOpens(const QString& menuName);
@@ -81,6 +84,8 @@ class MainWindow : public QMainWindow, private gui::Desk::Frame {
     QHash<QString, QAction*> rowActions_;
     QHash<int, QAction*> toolActions_;
     std::array<QLabel*, 4> panels_{};
+    QLabel* reference_ = nullptr;
+    QToolButton* units_ = nullptr;
 };
 
 }  // namespace quor::app

@@ -122,6 +122,19 @@ const Unit* find_unit(Dimension dimension, std::string_view name) {
     return nullptr;
 }
 
+bool begins_unit(Dimension dimension, std::string_view text) {
+    const std::string plain = reduced(text);
+    const auto begins = [&](std::string name) {
+        return (name + std::string(1, 'a')).starts_with(plain);
+    };
+    for (const Unit& unit : units_of(dimension)) {
+        if (begins(reduced(unit.name))) return true;
+        for (const Spelling& alias : kAliases)
+            if (alias.meant == unit.name && begins(std::string(alias.written))) return true;
+    }
+    return dimension == Dimension::pressure && std::string_view("mmHg").starts_with(plain);
+}
+
 std::string text_of(const UnitChoice& choice) {
     const UnitList units = units_of(choice);
     std::string all;

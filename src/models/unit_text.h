@@ -9,6 +9,9 @@
 /// Units and quantities as users and files write them.
 namespace quor::models {
 
+/// True when a text may become the name of a unit of a quantity as it is typed on.
+bool begins_unit(Dimension dimension, std::string_view text);
+
 /// Key and word of a quantity: "T" and "temperature".
 std::string_view key_of(Dimension dimension);
 std::string_view word_of(Dimension dimension);

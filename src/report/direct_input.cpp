@@ -3,6 +3,8 @@
 #include "common/constants.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "common/text.h"
+#include "models/unit_text.h"
 
 namespace quor::report {
 
@@ -24,48 +26,73 @@ constexpr VolumeLabels kVolumeLabels[] = {
     {" Input specif. volume, cf. Options ", "  V/m^3/kg  = "},
     {" Input red. volume, cf. Options ", "  V/(m^3/m^3)= "}};
 
-DirectInput reference_input() {
+using models::Dimension;
+
+/// A field of a quantity: with its told label, or with the unit that was chosen for it.
+InputField field_of(const InputForm& form, Dimension dimension, const char* told,
+                    const char* symbol) {
+    const models::Scale& scale = form.units.of(dimension);
+    if (!form.units.has_own(dimension)) return {true, told, dimension, scale};
+    const std::string unit = models::pretty_unit(scale.name);
+    const bool compound = unit.find('/') != std::string::npos;
+    return {true, std::string(symbol) + (compound ? "/(" + unit + ") = " : "/" + unit + " = "),
+            dimension, scale};
+}
+
+DirectInput reference_input(const InputForm& form) {
     return {"Input: Reference Point",
             "OK",
-            {{{true, "        T/K = "},
-              {true, "  p(LV)/kPa = "},
-              {true, "rho_L/kg/m^3= "},
-              {true, "rho_V/kg/m^3= "}}},
+            {{field_of(form, Dimension::temperature, "        T/K = ", "T"),
+              field_of(form, Dimension::pressure, "  p(LV)/kPa = ", "p(LV)"),
+              field_of(form, Dimension::density, "rho_L/kg/m^3= ", "rho_L"),
+              field_of(form, Dimension::density, "rho_V/kg/m^3= ", "rho_V")}},
             false,
             {},
             false};
 }
 
-DirectInput tank_input(bool amount) {
+DirectInput tank_input(const InputForm& form) {
     return {"Tank Calculation",
             "&Calculate",
-            {{{true, "      V/m^3   "},
-              {true, amount ? "      n/kmol  " : "      m/kg    "},
-              {true, "      T/K     "},
+            {{field_of(form, Dimension::tankVolume, "      V/m^3   ", "V"),
+              form.amount ? field_of(form, Dimension::amount, "      n/kmol  ", "n")
+                          : field_of(form, Dimension::mass, "      m/kg    ", "m"),
+              field_of(form, Dimension::temperature, "      T/K     ", "T"),
               {}}},
             false,
             {},
             true};
 }
 
+/// Text of the frame round the choice between density and volume.
+std::string volume_frame(const InputForm& form) {
+    if (form.volume) return kVolumeLabels[static_cast<std::size_t>(form.units.choice.system)].frame;
+    return form.units.has_own(Dimension::density) ? " Input density " : " Input density kg/m^3 ";
+}
+
 DirectInput state_input(const InputForm& form) {
     DirectInput input{"Input \"Direct calculation\" ", "&Calculate", {}, false, {}, false};
     const unsigned asks = asks_of(form.task);
-    if ((asks & calculation::kAsksT) != 0) input.fields[kT] = {true, "      T/K     "};
-    if ((asks & calculation::kAsksP) != 0) input.fields[kP] = {true, "      p/kPa = "};
+    if ((asks & calculation::kAsksT) != 0)
+        input.fields[kT] = field_of(form, Dimension::temperature, "      T/K     ", "T");
+    if ((asks & calculation::kAsksP) != 0)
+        input.fields[kP] = field_of(form, Dimension::pressure, "      p/kPa = ", "p");
     if ((asks & calculation::kAsksRho) == 0) return input;
-    const VolumeLabels& labels = kVolumeLabels[static_cast<std::size_t>(form.system)];
+    const auto system = static_cast<std::size_t>(form.units.choice.system);
     input.volume_frame_visible = true;
-    input.volume_frame = form.volume ? labels.frame : " Input density kg/m^3 ";
-    input.fields[kRho] = {true, form.volume ? labels.label : " rho/kg/m^3 = "};
+    input.volume_frame = volume_frame(form);
+    input.fields[kRho] = form.volume
+                             ? field_of(form, Dimension::volume, kVolumeLabels[system].label, "V")
+                             : field_of(form, Dimension::density, " rho/kg/m^3 = ", "rho");
     return input;
 }
 
-/// What is typed in the visible fields; a hidden field counts as 0.
+/// What is typed in the visible fields, in base units; a hidden and an empty field count as 0.
 Values values_of(const DirectInput& input, const std::array<std::string, 4>& texts) {
     Values values{};
     for (std::size_t i = 0; i < values.size(); ++i)
-        if (input.fields[i].visible) values[i] = numbers::val_input(texts[i]);
+        if (input.fields[i].visible && !text::trim(texts[i]).empty())
+            values[i] = input.fields[i].scale.value(numbers::val_input(texts[i]));
     return values;
 }
 
@@ -82,11 +109,11 @@ double sum(const Values& values) {
     return s;
 }
 
-double density_of(double typed, const InputForm& form, const models::Fluid& fluid,
-                  const models::UnitChoice& units) {
-    if (typed == 0.0 || !form.volume) return typed;
+/// The density of what stands in the field of it or of a volume.
+double density_of(double value, const InputForm& form, const models::Fluid& fluid) {
+    if (value == 0.0 || !form.volume) return value;
     const auto M = static_cast<double>(fluid.substance().M);
-    return faults::divide(M, typed / models::make_units(units, fluid).v);
+    return 1 / faults::divide(value, M);
 }
 
 calculation::Tank tank_of(const Values& v, double M, bool amount) {
@@ -102,20 +129,14 @@ models::BensonPoint reference_of(const Values& v) {
 
 }  // namespace
 
-models::UnitSystem volume_system(const models::UnitChoice& units, const models::Fluid& fluid) {
-    const bool reduced = units.system == models::UnitSystem::reduced;
-    return reduced && !(fluid.eos().vcrit_calculated > 0) ? models::UnitSystem::molar
-                                                          : units.system;
-}
-
 DirectInput describe_direct_input(const InputForm& form) {
-    if (form.kind == InputKind::reference) return reference_input();
-    if (form.kind == InputKind::tank) return tank_input(form.amount);
+    if (form.kind == InputKind::reference) return reference_input(form);
+    if (form.kind == InputKind::tank) return tank_input(form);
     return state_input(form);
 }
 
 std::optional<TypedInput> read_input(const InputForm& form, const std::array<std::string, 4>& texts,
-                                     const models::Fluid& fluid, const models::UnitChoice& units) {
+                                     const models::Fluid& fluid) {
     try {
         const DirectInput input = describe_direct_input(form);
         const Values v = values_of(input, texts);
@@ -123,8 +144,7 @@ std::optional<TypedInput> read_input(const InputForm& form, const std::array<std
         if (!((state ? sum(v) : product(input, v)) > kPresent)) return std::nullopt;
         if (form.kind == InputKind::reference) return reference_of(v);
         if (!state) return tank_of(v, static_cast<double>(fluid.substance().M), form.amount);
-        return DirectValues{v[kT], v[kP],
-                            numbers::to_single(density_of(v[kRho], form, fluid, units)),
+        return DirectValues{v[kT], v[kP], numbers::to_single(density_of(v[kRho], form, fluid)),
                             substance_key(fluid)};
     } catch (const faults::Fault&) {
         // A number beyond the range of its field.

@@ -14,18 +14,17 @@ namespace quor::report {
 struct InputForm {
     InputKind kind = InputKind::state;
     calculation::Task task = calculation::Task::none;
-    bool volume = false;                                    ///< a volume instead of a density
-    bool amount = false;                                    ///< the tank's content in kmol
-    models::UnitSystem system = models::UnitSystem::molar;  ///< of the volume
+    bool volume = false;    ///< a volume instead of a density
+    bool amount = false;    ///< the tank's content in kmol
+    models::Units units{};  ///< in which numbers are typed
 };
-
-/// The unit in which a volume is typed; reduced volumes need a critical volume of the model.
-models::UnitSystem volume_system(const models::UnitChoice& units, const models::Fluid& fluid);
 
 /// A field of `DirectInputView`.
 struct InputField {
     bool visible = false;
     std::string label;
+    models::Dimension dimension = models::Dimension::temperature;
+    models::Scale scale{};  ///< of the number in it
 };
 
 /// What `DirectInputView` shows .
@@ -43,9 +42,9 @@ DirectInput describe_direct_input(const InputForm& form);
 /// What was typed, by the kind of the form.
 using TypedInput = std::variant<DirectValues, calculation::Tank, models::BensonPoint>;
 
-/// The texts of the four fields as values: of a state some must be given, else all. Nothing when
-/// the input is not valid.
+/// The texts of the four fields, numbers in the units of the form, as values in K, kPa, kg/m^3, m^3
+/// and kg: of a state some must be given, else all. Nothing when the input is not valid.
 std::optional<TypedInput> read_input(const InputForm& form, const std::array<std::string, 4>& texts,
-                                     const models::Fluid& fluid, const models::UnitChoice& units);
+                                     const models::Fluid& fluid);
 
 }  // namespace quor::report

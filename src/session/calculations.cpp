@@ -208,7 +208,11 @@ report::InputForm input_form(const Session& session, bool amount) {
             .task = state.task,
             .volume = state.volume_input,
             .amount = amount,
-            .system = report::volume_system(unit_choice(session.state()), session.fluid())};
+            .units = usable_units(session)};
+}
+
+report::InputForm reference_form(const Session& session) {
+    return {.kind = report::InputKind::reference, .units = usable_units(session)};
 }
 
 namespace {
@@ -217,8 +221,7 @@ constexpr auto kNoInput = "no valid input";
 
 std::optional<report::TypedInput> accept(const Session& session, const report::InputForm& form,
                                          const std::array<std::string, 4>& texts) {
-    const auto typed =
-        report::read_input(form, texts, session.fluid(), unit_choice(session.state()));
+    const auto typed = report::read_input(form, texts, session.fluid());
     if (!typed) dialogs::refuse(kNoInput);
     return typed;
 }
@@ -250,7 +253,7 @@ void cancel_input(const CalculationViews& views) {
 
 std::optional<models::BensonPoint> accept_reference(const Session& session,
                                                     const std::array<std::string, 4>& texts) {
-    const auto typed = accept(session, {.kind = report::InputKind::reference}, texts);
+    const auto typed = accept(session, reference_form(session), texts);
     if (!typed) return std::nullopt;
     return std::get<models::BensonPoint>(*typed);
 }

@@ -57,6 +57,8 @@ void confirm_partial_choice(Session& session, const report::PartialChoice& choic
 
 /// The form of the input view as the session stands.
 report::InputForm input_form(const Session& session, bool amount = false);
+/// The same for a second reference point.
+report::InputForm reference_form(const Session& session);
 
 /// How an input ended.
 enum class InputResult {

@@ -1,6 +1,7 @@
 #include "session/options.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "common/constants.h"
 #include "common/dialogs.h"
@@ -21,24 +22,27 @@ double volume_factor(const Session& session) {
     }
 }
 
-/// The units of a choice; refused where the substance has not what they need.
-Result<models::Units> units_of(const Session& session, const OptionChoice& c) {
-    using models::UnitSystem;
-    const models::UnitChoice units{
-        .system = c.reduced    ? UnitSystem::reduced
-                  : c.specific ? UnitSystem::specific
-                               : UnitSystem::molar,
-        .caloric = c.specific ? models::CaloricUnit::specific : models::CaloricUnit::molar,
-        .T_of_RT = session->diagram_at.T};
+/// The units of a choice; refused where the substance has not what they need, which is told.
+std::optional<models::Units> possible_units(const Session& session, models::UnitChoice choice) {
+    choice.T_of_RT = session->diagram_at.T;
     try {
-        return models::make_units(units, session.fluid());
+        return models::make_units(choice, session.fluid());
     } catch (const faults::Fault& fault) {
-        return Failure{fault.what()};
+        dialogs::tell(fault.what(), dialogs::kNotPossible, dialogs::Icon::Stop);
+        return std::nullopt;
     }
 }
 
 bool differ(const Session& session, const models::Units& chosen) {
-    return chosen.caloric != session->caloric_factor || chosen.v != volume_factor(session);
+    return chosen.caloric != session->caloric_factor || chosen.v != volume_factor(session) ||
+           chosen.choice.shown != session->units.shown;
+}
+
+void take_units(Session& session, const models::Units& chosen) {
+    const auto now = session.change();
+    now->units_changed = differ(session, chosen);
+    now->units = chosen.choice;
+    renew_limits(session);
 }
 
 }  // namespace
@@ -48,9 +52,8 @@ OptionChoice open_options(Session& session) {
     OptionChoice c;
     c.reduced_possible = session->substance.Tcrit * session->substance.pcrit > constants::kPresent;
     if (!c.reduced_possible) session.change()->units.system = UnitSystem::molar;
-    c.specific = session->units.caloric == models::CaloricUnit::specific;
     c.batch = session->batch_mode;
-    c.reduced = session->units.system == UnitSystem::reduced;
+    c.units = session->units;
     c.real_range = session->curve_options.real_range_only;
     c.s_without_tie_line = session->curve_options.s_without_tie_line;
     c.s_curve_possible = !session->models.vapour_only;
@@ -59,27 +62,22 @@ OptionChoice open_options(Session& session) {
     return c;
 }
 
-bool changes_units(const Session& session, const OptionChoice& c) {
-    const Result<models::Units> chosen = units_of(session, c);
-    return chosen && differ(session, *chosen);
+bool apply_units(Session& session, const models::UnitChoice& units) {
+    const std::optional<models::Units> chosen = possible_units(session, units);
+    if (chosen) take_units(session, *chosen);
+    return chosen.has_value();
 }
 
 bool apply_options(Session& session, const OptionChoice& c) {
-    const Result<models::Units> chosen = units_of(session, c);
-    if (!chosen) {
-        dialogs::tell(chosen.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
-        return false;
-    }
+    const std::optional<models::Units> chosen = possible_units(session, c.units);
+    if (!chosen) return false;
     const auto now = session.change();
-    now->units_changed = differ(session, *chosen);
-    now->units.system = chosen->choice.system;
-    now->units.caloric = chosen->choice.caloric;
     now->curve_options = {.points = std::clamp(c.points, kMinPoints, kMaxPoints),
                           .real_range_only = c.real_range,
                           .s_without_tie_line = c.s_without_tie_line,
                           .partial_gas = c.partial_gas};
     now->batch_mode = c.batch;
-    renew_limits(session);
+    take_units(session, *chosen);
     return true;
 }
 

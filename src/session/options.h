@@ -6,9 +6,8 @@ namespace quor::session {
 
 /// What the options view shows and sets.
 struct OptionChoice {
-    bool batch = false;      ///< batch calculation instead of direct calculation
-    bool specific = false;   ///< specific instead of molar quantities
-    bool reduced = false;    ///< reduced T, p, V
+    bool batch = false;  ///< batch calculation instead of direct calculation
+    models::UnitChoice units;
     bool real_range = true;  ///< only T > T(trip) or p > p(trip)
     bool s_without_tie_line = false;
     bool partial_gas = false;
@@ -24,11 +23,12 @@ inline constexpr int kMaxPoints = 800;
 /// molar.
 OptionChoice open_options(Session& session);
 
-/// True when a choice brings other units, in which the axes of an open diagram are not valid.
-bool changes_units(const Session& session, const OptionChoice& choice);
+/// Takes other units over, with the limits of diagrams. False when the substance has not what they
+/// need (no molar mass): a message tells it and nothing changes.
+bool apply_units(Session& session, const models::UnitChoice& units);
 
 /// Takes a choice over: units and their factors, curve options, the mode of the Calculation menu.
-/// `units_changed` of the session tells whether a factor changed; the limits of diagrams follow.
+/// `units_changed` of the session tells whether a unit changed; the limits of diagrams follow.
 /// False when the units cannot be had (no molar mass): a message tells it and nothing changes.
 bool apply_options(Session& session, const OptionChoice& choice);
 

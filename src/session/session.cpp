@@ -109,6 +109,16 @@ models::Units present_units(const Session& session) {
     return models::make_units(unit_choice(session.state()), session.fluid());
 }
 
+models::Units usable_units(const Session& session) {
+    try {
+        return present_units(session);
+    } catch (const faults::Fault&) {
+        return models::make_units(
+            models::possible_choice(unit_choice(session.state()), session.fluid()),
+            session.fluid());
+    }
+}
+
 void settle_units(Session& session) {
     const auto now = session.change();
     try {

@@ -92,6 +92,8 @@ void settle_reference_state(Session& session);
 models::UnitChoice unit_choice(const SessionState& state);
 /// The units of the present fluid. Throws as `models::make_units`.
 models::Units present_units(const Session& session);
+/// The same without what the fluid cannot have; never throws.
+models::Units usable_units(const Session& session);
 /// Brings the choice of units to one that the present fluid has: without a critical volume nothing
 /// is reduced, without a molar mass everything is molar.
 void settle_units(Session& session);

@@ -6,6 +6,7 @@
 #include "common/text.h"
 #include "datafiles/search.h"
 #include "models/model_tables.h"
+#include "models/named_reference.h"
 
 namespace quor::session {
 
@@ -25,6 +26,17 @@ std::string substance_lines(const Session& session) {
     lines += panels.eos.empty() ? "no models" : panels.eos;
     if (!panels.vapour_pressure.empty()) lines += ",  " + panels.vapour_pressure;
     return lines;
+}
+
+/// The zero of h and s in a word or two.
+std::string name_of_zero(const models::ReferenceState& reference) {
+    constexpr std::int16_t kConventional = 2, kFormation = 10;
+    if (const models::NamedReference* const named = models::named_reference(reference.named))
+        return std::string(named->name);
+    if (reference.mode == kConventional) return "conventional";
+    if (reference.mode == kFormation) return "formation";
+    const bool zero = reference.href == 0.0 && reference.sref == 0.0;
+    return zero ? "0, ideal gas" : "ideal gas";
 }
 
 // Name of a substance of the open database, empty when its CASRN is not there.
@@ -61,6 +73,7 @@ StatusPanels panel_texts(const Session& session, bool models_complete) {
     const models::ModelSelection& m = session->models;
     StatusPanels panels;
     if (session->substance_number != 0) panels.substance = session->substance.name;
+    panels.reference = "h, s: " + name_of_zero(session->reference);
     if (!models_complete) return panels;
     constexpr std::string_view kPriority = " (Priority!)";
     panels.eos = trimmed(models::eos_name(m.eos));

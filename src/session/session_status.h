@@ -18,9 +18,10 @@ Report status_report(const Session& session);
 /// The constants of the active equation of state and its critical volume.
 Report parameter_report(const Session& session);
 
-/// Texts of the first three panels of the status bar; empty as long as there is nothing to name.
+/// Texts of the panels of the status bar; empty as long as there is nothing to name.
 struct StatusPanels {
     std::string substance, eos, vapour_pressure;
+    std::string reference;  ///< "h, s: IIR", the zero of h and s
 };
 
 /// Substance and models. Of two models that both give p(LV) the one with priority is marked. The

@@ -122,7 +122,7 @@ TEST_F(Graph2D, OpensEveryRowOfTheMenuAndDraws) {
     }
 }
 
-TEST_F(Graph2D, ClosesWithItsSurfacesWhenTheUnitsChange) {
+TEST_F(Graph2D, StaysWithItsSurfacesWhenTheUnitsChange) {
     openIsotherm();
     openIsotherm("320");
     choose("mnu3DSub_5");
@@ -139,8 +139,10 @@ TEST_F(Graph2D, ClosesWithItsSurfacesWhenTheUnitsChange) {
     });
     choose("mnuOptions");
     drive::settle();
-    EXPECT_EQ(window(), nullptr);
-    EXPECT_EQ(drive::find("frmGraph3D"), nullptr);
+    ASSERT_NE(window(), nullptr);
+    EXPECT_EQ(diagrams::curve_count(window()->sheet()), 1);
+    EXPECT_NE(drive::find("frmGraph3D"), nullptr);
+    EXPECT_EQ(session->units.caloric, models::CaloricUnit::specific);
 }
 
 TEST_F(Graph2D, DrawsATwentyFifthCurveThatCanBeDeletedAgain) {

@@ -1,5 +1,7 @@
 #include "gui/calc_view_test.h"
 #include "gui/widgets/number_edit.h"
+#include "models/unit_text.h"
+#include "session/options.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -144,6 +146,59 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     type("par_2", "80");
     click("cmdParameter_OK");
     EXPECT_EQ(input().rho, 80.0F);
+}
+
+TEST_F(DirectInputViewTest, TakesAValueWithItsUnit) {
+    startProject("Carbon dioxide");
+    chooseTp();
+    type("par_0", "27 degC");
+    type("par_1", "3 MPa(g)");
+    drive::press("par_1", Qt::Key_Enter);
+    EXPECT_NEAR(input().T, 300.15, 1e-9);
+    EXPECT_NEAR(input().p, 3101.325, 1e-9);
+    EXPECT_EQ(read("par_0"), "300.15");
+    EXPECT_EQ(read("par_1"), "3101.325");
+    type("par_1", "12 ba");
+    click("cmdParameter_OK");
+    EXPECT_TRUE(isMarked("par_1"));
+    EXPECT_NEAR(input().p, 3101.325, 1e-9) << "no unit: nothing is calculated";
+}
+
+TEST_F(DirectInputViewTest, TurnsWhatWasTypedIntoOtherUnitsAndBack) {
+    startProject("Carbon dioxide");
+    choose("mnuCalc_0");
+    type("par_0", "300.5");
+    type("par_2", "80");
+    ASSERT_TRUE(session::apply_units(session, *models::read_choice("us")));
+    drive::settle();
+    EXPECT_EQ(read("Bz_0"), "T/°F = ");
+    EXPECT_EQ(read("Bz_2"), "rho/(lb/ft³) = ");
+    EXPECT_EQ(read("fraRhoVInput"), " Input density ");
+    EXPECT_NEAR(read("par_0").toDouble(), 300.5 * 1.8 - 459.67, 1e-9);
+    EXPECT_NEAR(read("par_2").toDouble(), 80 / 16.01846337396014, 1e-9);
+    click("cmdParameter_OK");
+    EXPECT_NEAR(input().T, 300.5, 1e-9);
+    EXPECT_NEAR(static_cast<double>(input().rho), 80.0, 1e-5);
+    ASSERT_TRUE(session::apply_units(session, {}));
+    drive::settle();
+    EXPECT_EQ(read("par_0"), "300.5");
+    EXPECT_EQ(read("par_2"), "80");
+    EXPECT_EQ(read("Bz_0"), "      T/K     ");
+}
+
+TEST_F(DirectInputViewTest, TakesATankInGallonsAndPounds) {
+    startProject("Carbon dioxide");
+    ASSERT_TRUE(session::apply_units(session, *models::read_choice("V=gal,m=lb,T=degC,n=lbmol")));
+    choose("mnuCalc_15");
+    EXPECT_EQ(read("Bz_0"), "V/gal = ");
+    EXPECT_EQ(read("Bz_1"), "m/lb = ");
+    type("par_0", "264.1720523581484");
+    type("par_1", "220.46226218487757");
+    type("par_2", "0");
+    click("cmdParameter_OK");
+    EXPECT_NEAR(static_cast<double>(session->tank.V), 1, 1e-6);
+    EXPECT_NEAR(static_cast<double>(session->tank.m), 100, 1e-5);
+    EXPECT_EQ(session->tank.T, 273.15F) << "0 degC is a temperature";
 }
 
 TEST_F(DirectInputViewTest, GivesTheFocusToTheResultAndStaysOpen) {

@@ -25,7 +25,9 @@ TEST_F(Options, OpenWithTheSettingsOfTheSession) {
     session.change()->curve_options.points = 450;
     session.change()->curve_options.partial_gas = true;
     const session::OptionChoice c = session::open_options(session);
-    EXPECT_TRUE(c.specific && c.reduced && c.batch && c.partial_gas && c.real_range);
+    EXPECT_EQ(c.units.caloric, models::CaloricUnit::specific);
+    EXPECT_EQ(c.units.system, models::UnitSystem::reduced);
+    EXPECT_TRUE(c.batch && c.partial_gas && c.real_range);
     EXPECT_EQ(c.points, 450);
     EXPECT_TRUE(c.reduced_possible);
     EXPECT_TRUE(c.s_curve_possible);
@@ -45,7 +47,7 @@ TEST_F(Options, AVOnlyEquationHasNoSCurve) {
 
 TEST_F(Options, SpecificUnitsSetFactorsAndLabels) {
     session::OptionChoice c = session::open_options(session);
-    c.specific = true;
+    c.units = {models::UnitSystem::specific, models::CaloricUnit::specific};
     ASSERT_TRUE(session::apply_options(session, c));
     const double M = static_cast<double>(session->substance.M);
     EXPECT_EQ(session->units.caloric, models::CaloricUnit::specific);
@@ -60,7 +62,7 @@ TEST_F(Options, SpecificUnitsSetFactorsAndLabels) {
 
 TEST_F(Options, ReducedUnitsOverrideTheVolumeUnit) {
     session::OptionChoice c = session::open_options(session);
-    c.reduced = true;
+    c.units.system = models::UnitSystem::reduced;
     ASSERT_TRUE(session::apply_options(session, c));
     EXPECT_EQ(session->units.system, models::UnitSystem::reduced);
     EXPECT_DOUBLE_EQ(session::present_units(session).v, 5.0);
@@ -70,7 +72,7 @@ TEST_F(Options, ReducedUnitsOverrideTheVolumeUnit) {
 TEST_F(Options, WithoutMolarMassSpecificUnitsAreRefusedAndNothingChanges) {
     session.change()->substance.M = 0;
     session::OptionChoice c = session::open_options(session);
-    c.specific = true;
+    c.units = {models::UnitSystem::specific, models::CaloricUnit::specific};
     c.batch = true;
     EXPECT_FALSE(session::apply_options(session, c));
     EXPECT_EQ(user.lastText(), "Division by zero");
@@ -118,7 +120,7 @@ TEST_F(Options, DiagramLimitsAreDerivedAgain) {
     const float molar = session->coordinates.v_max;
     EXPECT_FLOAT_EQ(molar, 7 * 0.2F);
     session::OptionChoice c = session::open_options(session);
-    c.specific = true;
+    c.units = {models::UnitSystem::specific, models::CaloricUnit::specific};
     session::apply_options(session, c);
     EXPECT_NEAR(session->coordinates.v_max, molar / session->substance.M, 1e-6);
 }

@@ -208,8 +208,11 @@ class Work {
     /// The units change from round to round, and so do the points of a curve.
     void options(int round) {
         session::OptionChoice choice = session::open_options(session_);
-        choice.reduced = round % 3 == 2;
-        choice.specific = !choice.reduced && (round % 2 == 0) == plan_.specific;
+        const bool reduced = round % 3 == 2;
+        choice.units = {};
+        if (reduced) choice.units.system = models::UnitSystem::reduced;
+        if (!reduced && (round % 2 == 0) == plan_.specific)
+            choice.units = {models::UnitSystem::specific, models::CaloricUnit::specific};
         choice.points = 50 + round;
         choice.s_without_tie_line = round % 4 == 3;
         EXPECT_TRUE(session::apply_options(session_, choice));

@@ -40,10 +40,11 @@ QButtonGroup* twoOptions(QGroupBox* frame, const QString& name, const QString& f
     return group;
 }
 
-// A value as text, nothing for 0: no value.
+// A value in the unit of a field as text, nothing for 0: no value.
 template <class Number>
-std::string shown(Number value) {
-    return value == Number{} ? std::string() : numbers::general(value);
+std::string shown(Number value, const report::InputField& field) {
+    if (value == Number{}) return {};
+    return numbers::general(static_cast<Number>(field.scale.shown(static_cast<double>(value))));
 }
 
 }  // namespace
@@ -66,25 +67,28 @@ DirectInputView::DirectInputView(Desk& desk, const models::BensonPoint& present,
 }
 
 report::InputForm DirectInputView::form() const {
-    if (asksForReference()) return {.kind = report::InputKind::reference};
+    if (asksForReference()) return session::reference_form(session_);
     return session::input_form(session_, amount());
 }
 
 // What the fields stand for.
 std::array<std::string, 4> DirectInputView::presentTexts() const {
-    switch (form().kind) {
+    const report::InputForm asked = form();
+    const auto fields = report::describe_direct_input(asked).fields;
+    switch (asked.kind) {
         case report::InputKind::reference:
-            return {shown(reference_.T), shown(reference_.p), shown(reference_.rhoL),
-                    shown(reference_.rhoV)};
+            return {shown(reference_.T, fields[0]), shown(reference_.p, fields[1]),
+                    shown(reference_.rhoL, fields[2]), shown(reference_.rhoV, fields[3])};
         case report::InputKind::tank: {
             const calculation::Tank& tank = session_->tank;
-            return {shown(tank.V), shown(tank.m), shown(tank.T), {}};
+            return {
+                shown(tank.V, fields[0]), shown(tank.m, fields[1]), shown(tank.T, fields[2]), {}};
         }
         case report::InputKind::state:
             break;
     }
     const report::DirectValues& typed = session_->calculation.direct;
-    return {shown(typed.T), shown(typed.p), shown(typed.rho), {}};
+    return {shown(typed.T, fields[0]), shown(typed.p, fields[1]), shown(typed.rho, fields[2]), {}};
 }
 
 void DirectInputView::arrange() {
@@ -161,32 +165,18 @@ void DirectInputView::follow() {
         captions_[i]->setText(qt(input.fields[i].label));
         captions_[i]->setVisible(input.fields[i].visible);
         par_[i]->setVisible(input.fields[i].visible);
+        if (input.fields[i].visible)
+            par_[i]->setQuantity(input.fields[i].dimension, input.fields[i].scale,
+                                 session_.fluid());
     }
     volumeFrame_->setVisible(input.volume_frame_visible);
     volumeFrame_->setTitle(qt(input.volume_frame));
     amountFrame_->setVisible(input.amount_frame_visible);
-    volumeUnit_ = presentVolumeUnit();
     fitWindow();
 }
 
-// The present multiplier of volumes in m^3/kmol; 0 where units need a molar mass that is missing.
-double DirectInputView::presentVolumeUnit() const {
-    try {
-        return session::present_units(session_).v;
-    } catch (const faults::Fault&) {
-        return 0.0;
-    }
-}
-
 void DirectInputView::followSession() {
-    if (asksForReference()) return;
-    const double before = volumeUnit_;
     follow();
-    NumberEdit* volume = par_[kRho];
-    if (volume->isHidden() || !session_->calculation.volume_input || before == volumeUnit_) return;
-    const double typed = numbers::val_input(volume->text().toStdString());
-    if (!(typed > 0) || !(before > 0) || !(volumeUnit_ > 0)) return;
-    volume->setText(qt(numbers::general(static_cast<float>(typed / before * volumeUnit_))));
 }
 
 // A volume or an amount is typed by the user anew: the session holds densities and masses.
@@ -206,7 +196,7 @@ bool DirectInputView::amount() const {
 
 std::string DirectInputView::fieldText(std::size_t index) const {
     const NumberEdit* field = par_.at(index);
-    return field->isHidden() ? std::string() : field->text().toStdString();
+    return field->isHidden() ? std::string() : field->numberText();
 }
 
 // --------------------------------------------------------------------------------------- commands

@@ -31,10 +31,10 @@ class DirectInputView : public ChildView, public FollowsSession {
     /// Shows the fields that the calculation asks for with the values that the session holds.
     void open();
 
-    /// Labels follow the units; a volume that was typed is converted to them.
+    /// Labels follow the units; what was typed is converted to them.
     void followSession() override;
 
-    /// The text of a field (0 to 3) that is asked for, else an empty one.
+    /// The number in a field (0 to 3) that is asked for as text, else an empty one.
     std::string fieldText(std::size_t index) const;
 
   protected:
@@ -46,7 +46,6 @@ class DirectInputView : public ChildView, public FollowsSession {
     std::array<std::string, 4> typedTexts() const;
     void storeReference();
     bool asksForReference() const { return store_ != nullptr; }
-    double presentVolumeUnit() const;
     void arrange();
     void follow();
     void refill();
@@ -55,7 +54,6 @@ class DirectInputView : public ChildView, public FollowsSession {
     void calculate();
 
     models::BensonPoint reference_;
-    double volumeUnit_ = 0;  ///< multiplier of m^3/kmol behind the label of a volume, 0 for none
     std::function<void(const models::BensonPoint&)> store_;  ///< for a reference point only
     std::array<NumberEdit*, 4> par_{};
     std::array<QLabel*, 4> captions_{};

@@ -1,6 +1,7 @@
 #include "gui/session/options_dialog.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -9,6 +10,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "gui/session/unit_sets.h"
+#include "gui/session/units_dialog.h"
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
@@ -42,7 +45,10 @@ QCheckBox* check(const QString& text, const QString& name, bool on) {
 }  // namespace
 
 OptionsDialog::OptionsDialog(Desk& desk, QWidget* parent)
-    : QDialog(parent), desk_(desk), opened_(session::open_options(desk.session())) {
+    : QDialog(parent),
+      desk_(desk),
+      opened_(session::open_options(desk.session())),
+      units_(opened_.units) {
     setObjectName("frmOptions");
     setWindowTitle("   Options");
 
@@ -91,19 +97,58 @@ QWidget* OptionsDialog::modeFrame() {
 
 QWidget* OptionsDialog::unitFrame() {
     QGroupBox* box = form::frame("Units", "fraUnits");
-    unit_[0] = option("&molar quantities", "optMolarSpez_0", " e. g. kJ/kmol or m^3/kmol ",
-                      !opened_.specific);
-    unit_[1] = option("&specific quantities", "optMolarSpez_1", " e. g. kJ/kg or m^3/kg ",
-                      opened_.specific);
+    unit_[0] = option("&molar quantities", "optMolarSpez_0", " e. g. kJ/kmol or m^3/kmol ", true);
+    unit_[1] = option("&specific quantities", "optMolarSpez_1", " e. g. kJ/kg or m^3/kg ", false);
     QGroupBox* inner = form::frame("reduced quantities for T, p, V", "fraReduced");
-    reduced_ = check("&reduced quantities z(red) = z/z(cr)", "chkReduziert", opened_.reduced);
+    reduced_ = check("&reduced quantities z(red) = z/z(cr)", "chkReduziert", false);
     reduced_->setEnabled(opened_.reduced_possible);
     column(inner)->addWidget(reduced_);
     QVBoxLayout* layout = column(box);
+    unitSet_ = form::named(new QComboBox, "cmbUnitSet");
+    QPushButton* each = form::button("&Each quantity ...", "cmdUnits");
+    for (QRadioButton* option : unit_)
+        connect(option, &QRadioButton::clicked, this, &OptionsDialog::takeTold);
+    connect(reduced_, &QCheckBox::clicked, this, &OptionsDialog::takeTold);
+    connect(unitSet_, &QComboBox::currentIndexChanged, this, [this] {
+        const int index = unitSet_->currentData().toInt();
+        if (index >= 0) showUnits(unitSets()[static_cast<std::size_t>(index)].choice);
+    });
+    connect(each, &QPushButton::clicked, this, &OptionsDialog::chooseUnits);
+    auto* sets = new QHBoxLayout;
+    sets->setSpacing(theme::kGap);
+    sets->addWidget(unitSet_, 1);
+    sets->addWidget(each);
+    layout->addLayout(sets);
     layout->addWidget(unit_[0]);
     layout->addWidget(unit_[1]);
     layout->addWidget(inner);
+    showUnits(units_);
     return box;
+}
+
+// The options and the box show what the units are computed in.
+void OptionsDialog::showUnits(const models::UnitChoice& units) {
+    units_ = units;
+    const bool specific = units.caloric == models::CaloricUnit::specific;
+    unit_[specific ? 1 : 0]->setChecked(true);
+    reduced_->setChecked(units.system == models::UnitSystem::reduced);
+    fillUnitSets(unitSet_, units);
+}
+
+// Molar, specific and reduced quantities without units of their own.
+void OptionsDialog::takeTold() {
+    const bool specific = unit_[1]->isChecked();
+    models::UnitChoice units;
+    if (specific) units = {models::UnitSystem::specific, models::CaloricUnit::specific};
+    if (reduced_->isEnabled() && reduced_->isChecked()) units.system = models::UnitSystem::reduced;
+    showUnits(units);
+}
+
+void OptionsDialog::chooseUnits() {
+    UnitsDialog dialog(units_, this);
+    if (desk_.openModal(dialog) == QDialog::Accepted) showUnits(dialog.choice());
+    // A set that was deleted in it may still stand in the box.
+    showUnits(units_);
 }
 
 QWidget* OptionsDialog::referenceFrame() {
@@ -174,17 +219,12 @@ QWidget* OptionsDialog::resolutionFrame() {
 void OptionsDialog::apply() {
     session::OptionChoice c = opened_;
     c.batch = mode_[1]->isChecked();
-    c.specific = unit_[1]->isChecked();
-    c.reduced = reduced_->isEnabled() && reduced_->isChecked();
+    c.units = units_;
     c.real_range = realRange_->isChecked();
     c.s_without_tie_line = sCurve_->isChecked();
     c.partial_gas = partialGas_->isChecked();
     c.points = points_->value();
-    // The axes of an open diagram are not valid in other units; one with something unsaved may
-    // stay, and then so do the units.
-    const bool may = !session::changes_units(desk_.session(), c) ||
-                     desk_.closeViews({"frmGraph2D", "frmGraph3D"});
-    if (!may || !session::apply_options(desk_.session(), c)) return;
+    if (!session::apply_options(desk_.session(), c)) return;
     desk_.refresh();
     accept();
 }

@@ -6,6 +6,7 @@
 #include "session/options.h"
 
 class QCheckBox;
+class QComboBox;
 class QRadioButton;
 class QSlider;
 
@@ -27,12 +28,17 @@ class OptionsDialog : public QDialog {
     QWidget* curveFrame();
     QWidget* resolutionFrame();
     QWidget* referenceFrame();
+    void chooseUnits();
+    void takeTold();
+    void showUnits(const models::UnitChoice& units);
     void apply();
 
     Desk& desk_;
     const session::OptionChoice opened_;
+    models::UnitChoice units_;
     std::array<QRadioButton*, 2> mode_{}, unit_{};
     QCheckBox* reduced_ = nullptr;
+    QComboBox* unitSet_ = nullptr;
     QCheckBox* realRange_ = nullptr;
     QCheckBox* sCurve_ = nullptr;
     QCheckBox* partialGas_ = nullptr;

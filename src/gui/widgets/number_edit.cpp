@@ -21,22 +21,27 @@ const QRegularExpression& typedNumber() {
 // Lets stand what looks like a number but is none, so that it can be marked: "1.000,5".
 class NumberValidator : public QRegularExpressionValidator {
   public:
-    NumberValidator(QObject* parent, bool takesUnits)
-        : QRegularExpressionValidator(typedNumber(), parent), takesUnits_(takesUnits) {}
+    explicit NumberValidator(QObject* parent,
+                             std::optional<models::Dimension> dimension = std::nullopt)
+        : QRegularExpressionValidator(typedNumber(), parent), dimension_(dimension) {}
 
     State validate(QString& input, int& cursor) const override {
         static const QRegularExpression characters(
             QStringLiteral("^[0-9.,eEdD+\\-\\s'\u00a0\u2009\u202f\u2019]*$"));
-        static const QRegularExpression withUnit(QStringLiteral(
-            "^\\s*[-+.,\\d][-+.,\\d\\s]*([eE][-+]?\\d+)?\\s*[A-Za-z°][A-Za-z0-9°/^()³²·*\\s]*$"));
+        static const QRegularExpression withUnit(
+            QStringLiteral("^\\s*[-+.,\\d][-+.,\\d\\s]*([eE][-+]?\\d+)?\\s*"
+                           "(?<unit>[A-Za-z°][A-Za-z0-9°/^()³²·*\\s]*)$"));
         const State state = QRegularExpressionValidator::validate(input, cursor);
         if (state != Invalid) return state;
-        if (takesUnits_ && withUnit.match(input).hasMatch()) return Acceptable;
+        const auto match = dimension_ ? withUnit.match(input) : QRegularExpressionMatch();
+        if (match.hasMatch() &&
+            models::begins_unit(*dimension_, match.captured("unit").toStdString()))
+            return Acceptable;
         return characters.match(input).hasMatch() ? Intermediate : Invalid;
     }
 
   private:
-    bool takesUnits_;
+    std::optional<models::Dimension> dimension_;  // whose units may stand behind the number
 };
 
 constexpr auto kNotOneNumber =
@@ -47,7 +52,7 @@ constexpr int kDigitsConverted = 12;  // without the dust of a conversion
 }  // namespace
 
 NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
-    setValidator(new NumberValidator(this, false));
+    setValidator(new NumberValidator(this));
     setAlignment(Qt::AlignRight);
     connect(this, &QLineEdit::textEdited, this, [this] {
         mark_.clear();
@@ -58,9 +63,9 @@ NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
 
 void NumberEdit::setQuantity(models::Dimension dimension, const models::Scale& scale,
                              const models::Fluid& fluid) {
-    if (!quantity_) {
+    if (!quantity_ || quantity_->dimension != dimension) {
         delete validator();
-        setValidator(new NumberValidator(this, true));
+        setValidator(new NumberValidator(this, dimension));
     }
     const std::optional<Quantity> before =
         std::exchange(quantity_, Quantity{dimension, scale, fluid});
@@ -91,7 +96,6 @@ std::string NumberEdit::numberText() const {
     return value ? numbers::general(*value, kDigitsConverted) : text().toStdString();
 }
 
-// A number with its unit becomes one in the unit of the field.
 void NumberEdit::convertTyped() {
     if (!quantity_ || text().trimmed().isEmpty()) return;
     if (holdsNumber())
@@ -144,6 +148,7 @@ QSize NumberEdit::sizeHint() const {
 bool markWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty) {
     for (NumberEdit* field : fields) {
         const bool empty = field->text().trimmed().isEmpty();
+        if (!field->isHidden()) field->convertTyped();
         if (field->isHidden() || field->holdsNumber() || (empty && mayBeEmpty)) continue;
         field->setMark(empty ? "A number is needed" : field->whatIsWrong());
         field->setFocus();

@@ -31,6 +31,9 @@ class NumberEdit : public QLineEdit {
     /// is.
     std::string numberText() const;
 
+    /// A number with its unit becomes one in the unit of the field, as when the field is left.
+    void convertTyped();
+
     /// The number typed; 0 when the text is not one number from end to end.
     double value() const;
     /// True when the text is a number in itself, without a rest behind it.
@@ -60,7 +63,6 @@ class NumberEdit : public QLineEdit {
         models::Scale scale;
     };
     Result<double> read() const;
-    void convertTyped();
 
     FieldMark mark_{*this};
     std::optional<Quantity> quantity_;
@@ -68,7 +70,8 @@ class NumberEdit : public QLineEdit {
     QString converted_;               ///< what that has become
 };
 
-/// Marks the first visible field whose text is no number, and gives it the focus. True when there
+/// Marks the first visible field whose text is no number, and gives it the focus; numbers with
+/// units are converted. True when there
 /// is one; an empty field is none as long as `mayBeEmpty`.
 bool markWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty = true);
 

@@ -11,6 +11,7 @@ namespace {
 constexpr auto kTips = "Options/Show Tips at Startup";
 constexpr auto kDatabaseFolders = "Recent/DatabaseFolders";
 constexpr auto kRecentFiles = "Recent/Files";
+constexpr auto kUnitSets = "Units/Sets";
 constexpr qsizetype kFilesKept = 9;  // one for each digit key
 constexpr int kFoldersKept = 8;
 
@@ -58,6 +59,26 @@ void forgetFile(const QString& file) {
     QStringList files = recentFiles();
     files.removeAll(file);
     store().setValue(kRecentFiles, files);
+}
+
+QMap<QString, QString> unitSets() {
+    const QVariantMap kept = store().value(kUnitSets).toMap();
+    QMap<QString, QString> sets;
+    for (auto set = kept.begin(); set != kept.end(); ++set)
+        sets.insert(set.key(), set.value().toString());
+    return sets;
+}
+
+void rememberUnitSet(const QString& name, const QString& units) {
+    QVariantMap sets = store().value(kUnitSets).toMap();
+    sets.insert(name, units);
+    store().setValue(kUnitSets, sets);
+}
+
+void forgetUnitSet(const QString& name) {
+    QVariantMap sets = store().value(kUnitSets).toMap();
+    sets.remove(name);
+    store().setValue(kUnitSets, sets);
 }
 
 bool restorePlace(QWidget* window, const QString& view) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QSettings>
 #include <QString>
 #include <QStringList>
@@ -26,6 +27,11 @@ void rememberDatabaseFolder(const QString& folder);
 QStringList recentFiles();
 void rememberFile(const QString& file);
 void forgetFile(const QString& file);
+
+/// Units of the user's own by name, as text (`models::read_choice`), in alphabetical order.
+QMap<QString, QString> unitSets();
+void rememberUnitSet(const QString& name, const QString& units);
+void forgetUnitSet(const QString& name);
 
 /// Gives a window the size and place it had when its view was last closed, kept on the screen. The
 /// object name of the view is the key; false when nothing is remembered.
