@@ -15,6 +15,7 @@
 #include "datafiles/substance_file.h"
 #include "models/model_codes.h"
 #include "models/named_reference.h"
+#include "models/unit_text.h"
 
 namespace quor::datafiles {
 
@@ -233,6 +234,20 @@ std::string word(std::span<const std::string> lines, std::string_view label) {
     return {};
 }
 
+constexpr std::string_view kUnitsLabel = "units=";
+
+/// Units that this program does not know leave those of the items.
+std::optional<models::UnitChoice> read_units(std::span<const std::string> lines) {
+    const std::string text = word(lines, kUnitsLabel);
+    const auto choice = models::read_choice(text);
+    return text.empty() || !choice ? std::nullopt : std::optional(*choice);
+}
+
+std::string units_text(const ProjectContent& content) {
+    return content.units ? std::string(kUnitsLabel) + models::text_of(*content.units) + "\r\n"
+                         : std::string();
+}
+
 /// A state of which a value is missing is none.
 void read_reference(std::span<const std::string> lines, ProjectContent& content) {
     const auto named = models::named_state_of(word(lines, kReferenceLabel));
@@ -277,6 +292,7 @@ Result<ProjectContent> read_project(const std::string& ansi_text, const std::str
     if (rest.size() > kItems) {
         content.manual_virial = read_virial(rest.subspan(kItems));
         read_reference(rest.subspan(kItems), content);
+        content.units = read_units(rest.subspan(kItems));
         const std::vector<std::string> raw = text::lines(ansi_text);
         const auto additional = std::span(raw).subspan(kHeadLines + kItems);
         content.database =
@@ -297,6 +313,7 @@ std::string project_text(const ProjectContent& content) {
         all += "b0=" + exact(virial->b0) + "\r\nb1=" + exact(virial->b1) +
                "\r\nb2=" + exact(virial->b2) + "\r\n";
     all += reference_text(content);
+    all += units_text(content);
     all += utf8_line(kDatabaseLabel, content.database);
     all += utf8_line(kCommentLabel, files::one_line(content.comment));
     return all;

@@ -7,6 +7,7 @@
 #include "common/result.h"
 #include "models/model_selection.h"
 #include "models/reference_record.h"
+#include "models/units.h"
 
 namespace quor::datafiles {
 
@@ -48,6 +49,8 @@ struct ProjectContent {
     /// With a named reference state the items hold what it comes to for this fluid.
     models::NamedState named_reference = models::NamedState::none;
     models::OwnState own_state{};  ///< with the named state `own`
+    /// With units of their own, of which the items hold what they are computed in.
+    std::optional<models::UnitChoice> units{};
 };
 
 /// Text files of projects beyond this size are refused.

@@ -247,6 +247,10 @@ std::span<const Unit> units_of(Dimension dimension) {
     return std::span(kUnits).subspan(first, end - first);
 }
 
+bool has_own_units(const UnitChoice& choice) {
+    return choice.shown != UnitChoice{}.shown;
+}
+
 UnitChoice choice_of(const UnitList& units) {
     UnitChoice choice{.system = system_of(*units[at(Dimension::volume)]),
                       .caloric = caloric_of(*units[at(Dimension::energy)])};

@@ -69,6 +69,9 @@ struct UnitChoice {
     bool operator==(const UnitChoice&) const = default;
 };
 
+/// True when a quantity has a unit of its own.
+bool has_own_units(const UnitChoice& choice);
+
 /// A unit for each quantity, in the order of `Dimension`.
 using UnitList = std::array<const Unit*, kDimensions>;
 

@@ -243,6 +243,7 @@ datafiles::ProjectContent present_project(const Session& session) {
     content.settings.p0 = reference.p0;
     content.named_reference = reference.named;
     content.own_state = reference.own;
+    if (models::has_own_units(session->units)) content.units = session->units;
     if (session->models.eos == models::Eos::manualVirial)
         content.manual_virial = session->models.manual_virial;
     return content;
@@ -320,6 +321,8 @@ ProjectResult load_project(Session& session, const PreparedProject& project) {
     apply_settings(session, project.content.settings);
     now->reference.named = project.content.named_reference;
     now->reference.own = project.content.own_state;
+    now->units.shown = {};
+    if (project.content.units) now->units = *project.content.units;
     derive_from_settings(session, project.content.manual_virial, result);
     now->project_comment = project.content.comment;
     // The last session is no project of the user's.

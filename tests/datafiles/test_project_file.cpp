@@ -130,4 +130,17 @@ TEST(ProjectFile, ANamedReferenceStateStandsWhereAnOlderReaderNeverLooks) {
               models::NamedState::none);
 }
 
+TEST(ProjectFile, UnitsOfTheirOwnStandWhereAnOlderReaderNeverLooks) {
+    datafiles::ProjectContent content{
+        .date = "22.11.2026", .database = "A.Q05", .casrn = "74-98-6"};
+    const std::string plain = datafiles::project_text(content);
+    content.units = models::read_choice("T=degC,p=bar(g)").value();
+    const std::string own = datafiles::project_text(content);
+    EXPECT_EQ(own, plain + "units=T=degC,p=bar(g)\r\n");
+    EXPECT_EQ(datafiles::read_project(own, "A.QCF")->units, content.units);
+    EXPECT_FALSE(datafiles::read_project(plain, "A.QCF")->units);
+    for (const char* wrong : {"units=\r\n", "units=T=bar\r\n", "units=\xFF\r\n"})
+        EXPECT_FALSE(datafiles::read_project(plain + wrong, "A.QCF")->units) << wrong;
+}
+
 }  // namespace

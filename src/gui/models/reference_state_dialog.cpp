@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 
 #include "common/dialogs.h"
-#include "common/faults.h"
+#include "common/numbers.h"
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
@@ -19,6 +19,7 @@
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "models/named_reference.h"
+#include "models/unit_text.h"
 
 namespace quor::gui {
 
@@ -32,25 +33,63 @@ int idOf(NamedState state) {
     return static_cast<int>(ReferenceOption::Conventional) + static_cast<int>(state);
 }
 
-// The factor of the present substance: that of the session is as old as the last calculation.
-double presentFactor(const session::SessionState& session) {
-    try {
-        return models::caloric_factor(session.units.caloric, session.diagram_at.T,
-                                      session.substance);
-    } catch (const faults::Fault&) {
-        return session.caloric_factor;
-    }
+using models::Dimension;
+
+// What the fields hold, in their order.
+constexpr std::array<Dimension, models::kReferenceFields> kFields = {
+    Dimension::energy,   Dimension::entropy,     Dimension::temperature,
+    Dimension::pressure, Dimension::temperature, Dimension::pressure};
+constexpr std::array<Dimension, 4> kOwnFields = {Dimension::temperature, Dimension::pressure,
+                                                 Dimension::energy, Dimension::entropy};
+
+// A caption as it was always written, or with the unit that was chosen.
+QString captionOf(const models::Units& units, Dimension dimension, const QString& symbol,
+                  const QString& told) {
+    if (!units.has_own(dimension)) return told;
+    const QString unit = qt(models::pretty_unit(units.of(dimension).name));
+    return symbol + (unit.contains('/') ? " /(" + unit + ")" : " /" + unit);
 }
 
+QString captionOfH(const models::Units& units) {
+    return captionOf(units, Dimension::energy, "h",
+                     qt(models::captions_of(units.choice.caloric).h));
+}
+
+QString captionOfS(const models::Units& units) {
+    return captionOf(units, Dimension::entropy, "s",
+                     qt(models::captions_of(units.choice.caloric).s));
+}
+
+void showValue(NumberEdit* field, const models::Scale& scale, double value) {
+    constexpr int kDigits = 12;  // without the dust of a conversion
+    const bool plain = scale.zero == 0;
+    if (plain)
+        field->setValue(scale.shown(value));
+    else
+        field->setText(qt(numbers::general(scale.shown(value), kDigits)));
+}
+
+// States of the surroundings that are usual.
+struct Surroundings {
+    const char* name;
+    double T, p;  // K, kPa
+};
+constexpr Surroundings kSurroundings[] = {{"25 degC, 1 atm", 298.15, 101.325},
+                                          {"25 degC, 1 bar", 298.15, 100},
+                                          {"20 degC, 1 atm", 293.15, 101.325},
+                                          {"15 degC, 1 atm", 288.15, 101.325},
+                                          {"15 degC, 1 bar", 288.15, 100}};
+
 // The first option names the quantities in the unit of the session.
-QString valuesCaption(const models::ReferenceCaptions& c) {
-    return qt(c.h).trimmed() + " and " + qt(c.s).trimmed() + " of the ideal gas at To, po as below";
+QString valuesCaption(const models::Units& units) {
+    return captionOfH(units).trimmed() + " and " + captionOfS(units).trimmed() +
+           " of the ideal gas at To, po as below";
 }
 
 }  // namespace
 
 ReferenceStateDialog::ReferenceStateDialog(Desk& desk, QWidget* parent)
-    : QDialog(parent), desk_(desk), factor_(presentFactor(desk.session().state())) {
+    : QDialog(parent), desk_(desk), units_(session::usable_units(desk.session())) {
     setObjectName("frmReferenz");
     setWindowTitle(" Calculation of Thermodynamic Functions Z");
     arrange();
@@ -59,10 +98,11 @@ ReferenceStateDialog::ReferenceStateDialog(Desk& desk, QWidget* parent)
                             ? static_cast<int>(models::reference_option_of(reference.mode))
                             : idOf(reference.named);
     options_->button(present)->setChecked(true);
-    fill(models::fields_of(reference, factor_));
+    fill(models::fields_of(reference, 1));
     const models::OwnState& own = reference.own;
-    const std::array<double, 4> values = {own.T, own.p, own.h * factor_, own.s * factor_};
-    for (std::size_t i = 0; i < own_.size(); ++i) own_[i]->setValue(values[i]);
+    const std::array<double, 4> values = {own.T, own.p, own.h, own.s};
+    for (std::size_t i = 0; i < own_.size(); ++i)
+        showValue(own_[i], units_.of(kOwnFields[i]), values[i]);
     ownPhase_->setCurrentIndex(own.vapour ? 0 : 1);
     enable(present);
     followNamed();
@@ -73,7 +113,7 @@ QLayout* ReferenceStateDialog::buildOptions() {
     auto* column = new QVBoxLayout;
     column->setSpacing(theme::kGap);
     const std::array<QString, 3> texts = {
-        valuesCaption(models::captions_of(desk_.session()->units.caloric)),
+        valuesCaption(units_),
         "Z(ref) = quantity of formation for ideal gas state at To=298.15 and normal pressure\n"
         "from elements in the stable state",
         "Conventional Reference State (cf. Help)"};
@@ -101,8 +141,9 @@ QLayout* ReferenceStateDialog::buildOptions() {
 }
 
 QWidget* ReferenceStateDialog::buildOwnState() {
-    const models::ReferenceCaptions c = models::captions_of(desk_.session()->units.caloric);
-    const std::array<QString, 4> names = {"T/K", "p/kPa", qt(c.h), qt(c.s)};
+    const std::array<QString, 4> names = {captionOf(units_, Dimension::temperature, "T", "T/K"),
+                                          captionOf(units_, Dimension::pressure, "p", "p/kPa"),
+                                          captionOfH(units_), captionOfS(units_)};
     ownFrame_ = form::frame("Own state", "fraOwnState");
     auto* row = form::grid(ownFrame_);
     ownPhase_ = form::named(new QComboBox, "cmbOwnPhase");
@@ -111,6 +152,7 @@ QWidget* ReferenceStateDialog::buildOwnState() {
     int column = 0;
     for (std::size_t i = 0; i < own_.size(); ++i) {
         own_[i] = form::named(new NumberEdit, QString("Own_%1").arg(i));
+        own_[i]->setQuantity(kOwnFields[i], units_.of(kOwnFields[i]), desk_.session().fluid());
         connect(own_[i], &QLineEdit::textEdited, this, &ReferenceStateDialog::followNamed);
         row->addWidget(form::caption(names[i], own_[i]), 0, column);
         row->addWidget(own_[i], 1, column++);
@@ -123,13 +165,19 @@ QWidget* ReferenceStateDialog::buildOwnState() {
 }
 
 QLayout* ReferenceStateDialog::buildFields() {
-    const models::ReferenceCaptions c = models::captions_of(desk_.session()->units.caloric);
-    const std::array<QString, models::kReferenceFields> names = {qt(c.h),  qt(c.s), "To/K",
-                                                                 "po/kPa", "T/K",   "p/kPa"};
-    for (std::size_t i = 0; i < fields_.size(); ++i)
+    const std::array<QString, models::kReferenceFields> names = {
+        captionOfH(units_),
+        captionOfS(units_),
+        captionOf(units_, Dimension::temperature, "To", "To/K"),
+        captionOf(units_, Dimension::pressure, "po", "po/kPa"),
+        captionOf(units_, Dimension::temperature, "T", "T/K"),
+        captionOf(units_, Dimension::pressure, "p", "p/kPa")};
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
         fields_[i] = form::named(new NumberEdit, QString("T_%1").arg(i));
+        fields_[i]->setQuantity(kFields[i], units_.of(kFields[i]), desk_.session().fluid());
+    }
     const auto group = [&](const QString& title, const QString& name, int first, int last) {
-        auto* frame = form::frame(title, name);
+        QGroupBox* frame = form::frame(title, name);
         auto* grid = form::grid(frame);
         for (int i = first; i <= last; ++i) {
             const auto n = static_cast<std::size_t>(i);
@@ -145,10 +193,29 @@ QLayout* ReferenceStateDialog::buildFields() {
     auto* row = new QHBoxLayout;
     row->setSpacing(theme::kGap);
     row->addWidget(group("Reference state", "fraReference", models::FieldH, models::FieldP0), 1);
-    row->addWidget(
-        group("Surroundings (exergies)", "fraSurroundings", models::FieldTenv, models::FieldPenv),
-        1);
+    QGroupBox* surroundings =
+        group("Surroundings (exergies)", "fraSurroundings", models::FieldTenv, models::FieldPenv);
+    static_cast<QGridLayout*>(surroundings->layout())
+        ->addWidget(buildReadySurroundings(), models::FieldPenv, 1);
+    row->addWidget(surroundings, 1);
     return row;
+}
+
+// A ready state fills the two fields above it.
+QWidget* ReferenceStateDialog::buildReadySurroundings() {
+    ready_ = form::named(new QComboBox, "cmbSurroundings");
+    ready_->setAccessibleName("usual surroundings");
+    ready_->addItem("usual surroundings ...");
+    for (const Surroundings& s : kSurroundings) ready_->addItem(qt(models::pretty_unit(s.name)));
+    connect(ready_, &QComboBox::activated, this, [this](int index) {
+        if (index < 1) return;
+        const Surroundings& s = kSurroundings[index - 1];
+        models::ReferenceFields fields = typed();
+        fields[models::FieldTenv] = s.T;
+        fields[models::FieldPenv] = s.p;
+        fill(fields);
+    });
+    return ready_;
 }
 
 void ReferenceStateDialog::arrange() {
@@ -178,7 +245,8 @@ void ReferenceStateDialog::arrange() {
 
 void ReferenceStateDialog::fill(const models::ReferenceFields& fields) {
     filled_ = fields;
-    for (std::size_t i = 0; i < fields_.size(); ++i) fields_[i]->setValue(fields[i]);
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        showValue(fields_[i], units_.of(kFields[i]), fields[i]);
 }
 
 models::ReferenceOption ReferenceStateDialog::option() const {
@@ -193,17 +261,21 @@ models::NamedState ReferenceStateDialog::named() const {
 }
 
 models::OwnState ReferenceStateDialog::ownState() const {
-    return {.T = own_[0]->value(),
-            .p = own_[1]->value(),
+    const auto value = [this](std::size_t i) {
+        return units_.of(kOwnFields[i]).value(own_[i]->value());
+    };
+    return {.T = value(0),
+            .p = value(1),
             .vapour = ownPhase_->currentIndex() == 0,
-            .h = own_[2]->value() / factor_,
-            .s = own_[3]->value() / factor_};
+            .h = value(2),
+            .s = value(3)};
 }
 
 models::ReferenceFields ReferenceStateDialog::typed() const {
     models::ReferenceFields values;
     for (std::size_t i = 0; i < fields_.size(); ++i)
-        values[i] = fields_[i]->isModified() ? fields_[i]->value() : filled_[i];
+        values[i] = fields_[i]->isModified() ? units_.of(kFields[i]).value(fields_[i]->value())
+                                             : filled_[i];
     return values;
 }
 
@@ -231,7 +303,7 @@ void ReferenceStateDialog::followNamed() {
     if (named() == NamedState::none || !desk_.session()->substance_set || !reference) return;
     const models::Fluid& fluid = desk_.session().fluid();
     const auto resolved = models::resolved_reference(fluid, *reference);
-    if (resolved) return fill(models::fields_of(*resolved, factor_));
+    if (resolved) return fill(models::fields_of(*resolved, 1));
     const models::NamedReference* const proposed =
         models::named_reference(models::proposed_reference(fluid));
     note_->setText(qt(resolved.reason() + (proposed == nullptr
@@ -242,7 +314,7 @@ void ReferenceStateDialog::followNamed() {
 
 std::optional<models::ReferenceState> ReferenceStateDialog::chosen() const {
     models::ReferenceState reference = desk_.session()->reference;
-    if (!models::store_reference(option(), typed(), factor_, reference)) return std::nullopt;
+    if (!models::store_reference(option(), typed(), 1, reference)) return std::nullopt;
     reference.named = named();
     reference.own = ownState();
     return reference;

@@ -29,6 +29,7 @@ class ReferenceStateDialog : public QDialog {
     QLayout* buildFields();
     QWidget* buildOwnState();
     void arrange();
+    QWidget* buildReadySurroundings();
     void choose(int id);
     void enable(int id);
     void fill(const models::ReferenceFields& fields);
@@ -43,12 +44,14 @@ class ReferenceStateDialog : public QDialog {
     void confirm();
 
     Desk& desk_;
-    double factor_;  ///< h and s are shown multiplied by it
+    models::Units units_;  ///< in which all numbers are shown and typed
     QButtonGroup* options_ = nullptr;
     std::array<NumberEdit*, models::kReferenceFields> fields_{};
-    /// The fields as they were last filled: what the user leaves alone keeps all its digits.
+    /// The fields as they were last filled, in base units: what the user leaves alone keeps all its
+    /// digits.
     models::ReferenceFields filled_{};
-    std::array<NumberEdit*, 4> own_{};  ///< T/K, p/kPa, h, s of an own state
+    std::array<NumberEdit*, 4> own_{};  ///< T, p, h, s of an own state
+    QComboBox* ready_ = nullptr;        ///< ready states of the surroundings
     QComboBox* ownPhase_ = nullptr;
     QWidget* ownFrame_ = nullptr;
     QLabel* note_ = nullptr;

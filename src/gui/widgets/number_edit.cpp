@@ -98,10 +98,11 @@ std::string NumberEdit::numberText() const {
 
 void NumberEdit::convertTyped() {
     if (!quantity_ || text().trimmed().isEmpty()) return;
-    if (holdsNumber())
-        setText(QString::fromStdString(numberText()));
-    else
-        mark_.set(whatIsWrong());
+    if (!holdsNumber()) return mark_.set(whatIsWrong());
+    const QString number = QString::fromStdString(numberText());
+    if (number == text()) return;
+    setText(number);
+    setModified(true);  // as it was typed
 }
 
 double NumberEdit::value() const {

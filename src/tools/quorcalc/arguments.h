@@ -16,9 +16,10 @@ struct Arguments {
     std::string db, substance, vp, units, priority;
     std::optional<int> eos, hlv, cp, refmode;
     std::optional<double> watson, href, sref, T0, p0, Tenv, penv;
-    std::string refstate;          ///< a named reference state, see options.cpp
-    std::string benson;            ///< T,p,rhoL,rhoV
-    std::vector<std::string> set;  ///< FIELD=VALUE
+    std::string in_units, out_units;  ///< of the numbers typed and told, see `models::read_choice`
+    std::string refstate;             ///< a named reference state, see options.cpp
+    std::string benson;               ///< T,p,rhoL,rhoV
+    std::vector<std::string> set;     ///< FIELD=VALUE
     bool json = false;
 
     // What to calculate

@@ -40,7 +40,8 @@ struct Command {
     Json (*run)(Call&, const Arguments&) = nullptr;
     /// Prints the result for a reader; nothing: one "key = value" a line.
     std::string (*text)(const Json& result) = nullptr;
-    bool in_chosen_units = false;  ///< its numbers follow --units
+    bool in_chosen_units = false;  ///< its numbers follow --units and --out-units by themselves
+    bool by_quantity = false;      ///< its numbers stand under the names of their quantities
 };
 
 std::span<const Command> commands();

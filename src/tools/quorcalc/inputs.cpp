@@ -2,7 +2,7 @@
 #include "models/model_codes.h"
 #include "models/model_tables.h"
 #include "models/named_reference.h"
-#include "models/units.h"
+#include "models/unit_text.h"
 #include "report/made.h"
 #include "session/session_status.h"
 #include "tools/quorcalc/commands.h"
@@ -23,6 +23,14 @@ Json units_of(const session::Session& session, bool chosen) {
     const models::UnitChoice choice =
         chosen ? session::unit_choice(session.state()) : models::UnitChoice{};
     const models::Units units = models::make_units(choice, session.fluid());
+    if (models::has_own_units(choice)) {
+        Json names = Json::object();
+        for (std::size_t i = 0; i < models::kDimensions; ++i) {
+            const auto dimension = static_cast<models::Dimension>(i);
+            names[std::string(models::key_of(dimension))] = units.of(dimension).name;
+        }
+        return names;
+    }
     return {{"T", units.T_label},
             {"p", units.p_label},
             {"v", units.v_label},

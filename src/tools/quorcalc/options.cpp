@@ -20,6 +20,11 @@ constexpr Option kCommon[] = {
     {"watson", &A::watson, "Watson exponent"},
     {"priority", &A::priority, "p(LV), T(LV) from: ceos or vp", kPriorities},
     {"units", &A::units, "units of the results", kUnits},
+    {"in-units", &A::in_units,
+     "units of the numbers of the call: molar, specific, metric, chemistry, us, or T=degC,p=bar,.. "
+     "(also v, rho, h, s, w, V, m, n); not of --window, --from, --to"},
+    {"out-units", &A::out_units,
+     "the same for all that is told; without it JSON is in K, kPa, m^3/kmol, kJ/kmol"},
     {"refmode", &A::refmode, "reference state: 1, 2 or 10", kReferences},
     {"refstate", &A::refstate,
      "zero of h and s: iir, ashrae, nbp, water, conventional, formation, or own:T,p,V|L,h,s "

@@ -12,6 +12,7 @@
 #include "common/text.h"
 #include "diagrams/curve.h"
 #include "tools/quorcalc/line_reader.h"
+#include "tools/quorcalc/unit_options.h"
 
 namespace quor::quorcalc {
 
@@ -109,9 +110,11 @@ Program::Outcome Program::execute(const Arguments& a) {
     Json& result = outcome.result;
     try {
         if (command == nullptr) throw WrongCall{"no such command: " + a.command};
-        refuse_impossible_temperatures(*command, a);
-        refuse_beyond_32_bits(a);
-        result = command->run(call, a);
+        const Arguments base = in_base_units(call, a);
+        refuse_impossible_temperatures(*command, base);
+        refuse_beyond_32_bits(base);
+        result = command->run(call, base);
+        if (!a.out_units.empty() && command->by_quantity) to_out_units(session_, result);
         if (session_->substance_set) name_inputs(session_, *command, result);
     } catch (const WrongCall& e) {
         result = failure(e.message);

@@ -119,14 +119,29 @@ Json functions(Call& call, const Arguments& a) {
 
 std::vector<Command> property_commands() {
     return {
-        {"rhol", "saturated liquid density of the database equation", {"T!"}, rhol},
-        {"rhos", "solid density of the database equation", {"T!"}, rhos},
-        {"cpid", "heat capacity of the ideal gas", {"T!"}, cpid},
-        {"hlv", "enthalpy of vaporisation by the method of --hlv", {"T", "p"}, hlv},
+        {"rhol",
+         "saturated liquid density of the database equation",
+         {"T!"},
+         rhol,
+         nullptr,
+         false,
+         true},
+        {"rhos", "solid density of the database equation", {"T!"}, rhos, nullptr, false, true},
+        {"cpid", "heat capacity of the ideal gas", {"T!"}, cpid, nullptr, false, true},
+        {"hlv",
+         "enthalpy of vaporisation by the method of --hlv",
+         {"T", "p"},
+         hlv,
+         nullptr,
+         false,
+         true},
         {"functions",
          "derivatives, residual and caloric functions",
          {"T!", "p!", "v", "row"},
-         functions},
+         functions,
+         nullptr,
+         false,
+         true},
     };
 }
 

@@ -10,9 +10,11 @@
 #include "models/model_tables.h"
 #include "models/named_reference.h"
 #include "models/vapour_pressure.h"
+#include "session/options.h"
 #include "session/substance_session.h"
 #include "session/take_models.h"
 #include "tools/quorcalc/commands.h"
+#include "tools/quorcalc/unit_options.h"
 
 namespace quor::quorcalc {
 
@@ -196,6 +198,13 @@ void choose_models(session::Session& session, const Arguments& a) {
 void choose_units(session::Session& session, const Arguments& a) {
     const auto now = session.change();
     using enum models::UnitSystem;
+    if (!a.out_units.empty()) {
+        if (!a.units.empty()) throw WrongCall{"--out-units does not go with --units"};
+        now->units = choice_of("--out-units", a.out_units);
+        if (!session::apply_units(session, now->units))
+            throw CannotBeDone{"--out-units: the substance has no molar mass"};
+        return;
+    }
     now->units.system = a.units == "specific" ? specific : a.units == "reduced" ? reduced : molar;
     if (now->units.system == specific) {
         if (!(now->substance.M > 0)) throw CannotBeDone{"Division by zero"};
