@@ -68,14 +68,17 @@ bool is_good(const Json& result) {
                            diagrams::is_drawn(static_cast<diagrams::CurveStatus>(status)));
 }
 
-std::string plain_text(const Json& result) {
+/// One "key = value" a line, with the units that the call has asked for.
+std::string plain_text(const Json& result, bool with_units) {
+    const Json units = with_units ? result.value("units", Json::object()) : Json::object();
     std::string out;
     for (const auto& [key, value] : result.items()) {
         constexpr std::string_view kInputs[] = {"status", "substance", "messages",
                                                 "model",  "units",     "reference"};
         if (std::ranges::find(kInputs, key) != std::end(kInputs)) continue;
-        out +=
-            key + " = " + (value.is_string() ? value.get<std::string>() : json_text(value)) + "\n";
+        out += key + " = " + (value.is_string() ? value.get<std::string>() : json_text(value));
+        if (units.contains(key)) out += " " + units.at(key).get<std::string>();
+        out += "\n";
     }
     return out;
 }
@@ -219,7 +222,8 @@ int Program::answer(const std::vector<std::string>& words, std::istream& in, std
     if (a.json) {
         out << json_text(result) << "\n";
     } else if (stands && !drawn && command != nullptr) {
-        out << (command->text != nullptr ? command->text(result) : plain_text(result));
+        out << (command->text != nullptr ? command->text(result)
+                                         : plain_text(result, !a.out_units.empty()));
     }
     return wrong_call ? 2 : good ? 0 : 1;
 }
