@@ -13,6 +13,8 @@
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "models/model_tables.h"
+#include "report/function_values.h"
+#include "report/quantity_text.h"
 #include "report/reference_lines.h"
 
 namespace quor::report {
@@ -28,9 +30,21 @@ using Values = std::array<double, kQuantities>;
 /// A column of the list.
 struct Column {
     const char* head;
-    const char* unit;
+    const char* unit;  ///< as long as no quantity has a unit of its own
     std::size_t width;
 };
+
+/// What the quantities of the columns are measured in.
+constexpr std::array kDimensions = {Dimension::temperature, Dimension::pressure, Dimension::density,
+                                    Dimension::density, Dimension::energy};
+constexpr std::size_t kFirstMeasured = 1, kFirstCalculated = 7;
+
+/// The quantity of a column with a unit; none of the others.
+std::optional<std::size_t> quantity_of(std::size_t column) {
+    for (const std::size_t first : {kFirstMeasured, kFirstCalculated})
+        if (column >= first && column < first + kQuantities) return column - first;
+    return std::nullopt;
+}
 
 constexpr std::array<Column, 17> kColumns = {{
     {"#", "", 5},
@@ -72,8 +86,11 @@ std::string row_of(const Cells& cells) {
     return text::trim_right(line);
 }
 
-std::string number_or_blank(double value) {
-    return std::fabs(value) > 0 ? numbers::general_point(static_cast<float>(value)) : std::string();
+/// A value that has come through 32 bits, or nothing for 0.
+std::string number_or_blank(const models::Units& units, Dimension dimension, double value) {
+    if (!(std::fabs(value) > 0)) return {};
+    const auto single = static_cast<float>(value);
+    return numbers::general_point(static_cast<float>(shown(units, dimension, digits_of(single))));
 }
 
 Values experimental_values(const BatchDataSet& set) {
@@ -167,22 +184,23 @@ void add_head(std::vector<std::string>& lines, const Comparison& c, const std::s
         lines.push_back(std::move(line));
 }
 
-void add_column_heads(std::vector<std::string>& lines) {
-    Cells heads, units;
+void add_column_heads(std::vector<std::string>& lines, const models::Units& units) {
+    Cells heads, names;
     for (std::size_t i = 0; i < kColumns.size(); ++i) {
+        const auto quantity = quantity_of(i);
         heads[i] = kColumns[i].head;
-        units[i] = kColumns[i].unit;
+        names[i] = quantity ? unit_name(units, kDimensions[*quantity]) : kColumns[i].unit;
     }
     lines.push_back(rule());
     lines.push_back(row_of(heads));
-    lines.push_back(row_of(units));
+    lines.push_back(row_of(names));
     lines.push_back(rule());
 }
 
 // ---- Rows -------------------------------------------------------------------------------------
 
-void add_row(ResultList& list, Task task, std::size_t index, const BatchDataSet& set,
-             const ResultRecord& record) {
+void add_row(ResultList& list, const models::Units& units, Task task, std::size_t index,
+             const BatchDataSet& set, const ResultRecord& record) {
     constexpr float kLargest = 500.0F;
     const Values measured = experimental_values(set);
     const Values calculated = calculated_values(task, record);
@@ -190,8 +208,8 @@ void add_row(ResultList& list, Task task, std::size_t index, const BatchDataSet&
     cells[0] = std::to_string(index);
     cells[6] = record.phases;
     for (std::size_t i = 0; i < kQuantities; ++i) {
-        cells[1 + i] = number_or_blank(measured[i]);
-        cells[7 + i] = number_or_blank(calculated[i]);
+        cells[kFirstMeasured + i] = number_or_blank(units, kDimensions[i], measured[i]);
+        cells[kFirstCalculated + i] = number_or_blank(units, kDimensions[i], calculated[i]);
         const auto deviation = relative_deviation(calculated[i], measured[i]);
         if (!deviation) continue;
         cells[kFirstDeviation + i] = deviation_text(*deviation);
@@ -214,15 +232,28 @@ constexpr FunctionLine kFunctionLines[] = {
     {" Exergy of H     e/kJ/kmol     =", calculation::kExergyH},
     {" Exergy of U     e/kJ/kmol     =", calculation::kExergyU}};
 
-void add_functions(std::vector<std::string>& lines, const ResultRecord& record) {
+/// A label with the unit that stands in it, "h/BTU/lb", in the width of the told one.
+std::string function_label(const models::Units& units, const FunctionLine& line) {
+    const std::string told = line.label;
+    if (!has_own_units(units)) return told;
+    const std::string symbol = told.substr(0, told.find('/') + 1);
+    return text::pad_right(symbol + unit_name(units, dimension_of(line.function)),
+                           told.size() - 1) +
+           "=";
+}
+
+void add_functions(std::vector<std::string>& lines, const models::Units& units,
+                   const ResultRecord& record) {
     constexpr std::size_t kLabel = 33, kNumber = 16;
-    const auto value = [](const PhaseRecord& phase, std::size_t i, const char* mark) {
-        const std::optional<double>& z = phase.caloric[i];
-        return z ? text::pad_left(numbers::general_point(static_cast<float>(*z)), kNumber) + mark
-                 : std::string();
+    const auto value = [&](const PhaseRecord& phase, calculation::Function function,
+                           const char* mark) {
+        const std::optional<double>& z = phase.caloric[function];
+        if (!z) return std::string();
+        const auto single = static_cast<float>(shown(units, dimension_of(function), *z));
+        return text::pad_left(numbers::general_point(single), kNumber) + mark;
     };
     for (const FunctionLine& line : kFunctionLines)
-        lines.push_back(text::pad_right(line.label, kLabel) +
+        lines.push_back(text::pad_right(function_label(units, line), kLabel) +
                         value(record.liquid, line.function, " (L)") +
                         value(record.vapour, line.function, " (V)"));
 }
@@ -260,41 +291,70 @@ std::string function_label(int index, ListForm form) {
     return std::string(models::function_label(index));
 }
 
-std::string phase_row(const std::string& label, const std::string& L, const std::string& V) {
-    constexpr std::size_t kLabel = 17, kNumber = 20;
-    return text::trim_right(text::pad_right(label, kLabel) + text::pad_left(L, kNumber) +
+std::string phase_row(const std::string& label, const std::string& L, const std::string& V,
+                      std::size_t width) {
+    constexpr std::size_t kNumber = 20;
+    return text::trim_right(text::pad_right(label, width) + text::pad_left(L, kNumber) +
                             text::pad_left(V, kNumber));
 }
 
-std::string volume_text(float M, float rho) {
-    return rho > 0 ? numbers::general_point(M / rho) : std::string();
+std::string volume_text(const models::Units& units, float M, float rho) {
+    if (!(rho > 0)) return {};
+    const double v = shown(units, Dimension::volume, static_cast<double>(M / rho));
+    return numbers::general_point(static_cast<float>(v));
 }
 
-void add_extended(std::vector<std::string>& lines, float M, std::size_t index,
-                  const BatchDataSet& set, const ResultRecord& record, ListForm form) {
+/// A row of the extended part: its label and what its values are multiplied with.
+struct ExtendedRow {
+    std::string label;
+    double factor = 1;
+};
+
+ExtendedRow extended_row(const models::Units& units, int index, ListForm form) {
+    constexpr int kCv = 22, kCp = 23;
+    const std::string told = function_label(index, form);
+    if (told.empty() || !has_own_units(units)) return {told, 1};
+    std::string symbol = text::trim(told);
+    if (index == kCv || index == kCp)
+        return {symbol.substr(0, symbol.find('/')) + ", " + unit_name(units, Dimension::entropy),
+                units.of(Dimension::entropy).factor};
+    const DerivedUnit& derived = derived_unit(index);
+    const std::string unit = name_of(units, derived);
+    symbol.resize(std::min(symbol.find("/(1/"), symbol.size()));
+    return {unit.empty() ? symbol : symbol + ", " + unit, factor_of(units, derived)};
+}
+
+void add_extended(std::vector<std::string>& lines, const models::Units& units, float M,
+                  std::size_t index, const BatchDataSet& set, const ResultRecord& record,
+                  ListForm form) {
     constexpr int kLabels = 24;
-    constexpr std::size_t kLabelWidth = 14;
+    const std::size_t label_width = has_own_units(units) ? 31 : 14;
     const bool file = form == ListForm::File;
     const double T = record.T > 0 ? static_cast<double>(record.T) : set.T;
-    const auto value = [](float rho, const PhaseRecord& phase, int i) {
-        return rho > 0 ? numbers::format_point(phase.extended[static_cast<std::size_t>(i)],
+    const auto row = [&](const std::string& label, const std::string& L, const std::string& V) {
+        return phase_row(label, L, V, label_width + 3);
+    };
+    const auto value = [](float rho, const PhaseRecord& phase, int i, double factor) {
+        return rho > 0 ? numbers::format_point(phase.extended[static_cast<std::size_t>(i)] * factor,
                                                " 0.0000E+00;-0.0000E+00")
                        : std::string();
     };
     lines.emplace_back();
     lines.emplace_back("T -, p -, v - derivatives and thermodynamic functions");
     lines.push_back("for data set " + std::to_string(index));
-    lines.push_back("T/K = " + number_or_blank(T));
-    lines.push_back("p/kPa = " + number_or_blank(static_cast<double>(record.p)));
-    lines.push_back(phase_row("", file ? "L-phase" : "L", file ? "V-phase" : "V"));
-    lines.push_back(
-        phase_row("v/m^3/kmol =", volume_text(M, record.rhoL), volume_text(M, record.rhoV)));
+    lines.push_back("T/" + unit_name(units, Dimension::temperature) + " = " +
+                    number_or_blank(units, Dimension::temperature, T));
+    lines.push_back("p/" + unit_name(units, Dimension::pressure) + " = " +
+                    number_or_blank(units, Dimension::pressure, static_cast<double>(record.p)));
+    lines.push_back(row("", file ? "L-phase" : "L", file ? "V-phase" : "V"));
+    lines.push_back(row("v/" + unit_name(units, Dimension::volume) + " =",
+                        volume_text(units, M, record.rhoL), volume_text(units, M, record.rhoV)));
     for (int i = 0; i < kLabels; ++i) {
-        const std::string label = function_label(i, form);
-        if (label.empty()) continue;
-        lines.push_back(phase_row(text::pad_right(label, kLabelWidth) + " : ",
-                                  value(record.rhoL, record.liquid, i),
-                                  value(record.rhoV, record.vapour, i)));
+        const ExtendedRow extended = extended_row(units, i, form);
+        if (extended.label.empty()) continue;
+        lines.push_back(row(text::pad_right(extended.label, label_width) + " : ",
+                            value(record.rhoL, record.liquid, i, extended.factor),
+                            value(record.rhoV, record.vapour, i, extended.factor)));
     }
 }
 
@@ -384,15 +444,17 @@ ResultList make_result_list(const Comparison& c, const std::string& title, bool 
                             ListForm form) {
     ResultList list;
     add_head(list.lines, c, title, extended, form);
-    add_column_heads(list.lines);
+    // What has always been in K, kPa and kJ/kmol stays so without a unit of the user's choice.
+    const models::Units units = listed_units(c.made.units);
+    add_column_heads(list.lines, units);
     for_each_result(c, [&](std::size_t i, const BatchDataSet& set, const ResultRecord& record) {
-        add_row(list, c.task, i, set, record);
-        if (c.task == Task::functions) add_functions(list.lines, record);
+        add_row(list, units, c.task, i, set, record);
+        if (c.task == Task::functions) add_functions(list.lines, units, record);
     });
     add_means(list);
     if (extended && c.pages.tables())
         for_each_result(c, [&](std::size_t i, const BatchDataSet& set, const ResultRecord& record) {
-            add_extended(list.lines, c.made.fluid.substance().M, i, set, record, form);
+            add_extended(list.lines, units, c.made.fluid.substance().M, i, set, record, form);
         });
     return list;
 }

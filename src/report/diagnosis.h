@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "calculation/isotherm.h"
+#include "models/units.h"
 
 namespace quor::report {
 
@@ -18,11 +19,16 @@ struct RootRow {
 
 /// What `DiagnosisView` shows of a state.
 struct Diagnosis : calculation::Isotherm {
-    std::string title;  ///< of the view
+    std::string title;   ///< of the view
+    std::string state;   ///< the model, T and p; empty without roots
+    std::string legend;  ///< of the marks and lines
     std::vector<RootRow> roots;
+    models::Scale v_axis{.name = "m^3/kmol"}, p_axis{.name = "kPa"};  ///< units of the plot
 };
 
-/// The diagnosis of a state of a cubic EOS; without roots when there is none.
-Diagnosis diagnose(const models::Fluid& fluid, const calculation::LastState& last);
+/// The diagnosis of a state of a cubic EOS in the units of its result; without roots when there is
+/// none.
+Diagnosis diagnose(const models::Fluid& fluid, const calculation::LastState& last,
+                   const models::Units& units = {});
 
 }  // namespace quor::report

@@ -34,17 +34,20 @@ struct Table {
     ResultNumbers values = {};
 
     void set(std::size_t place, double value) { values[place] = faults::finite(value); }
+    void set(std::size_t place, Dimension dimension, double value) {
+        set(place, shown(made.units, dimension, value));
+    }
 };
 
 void set_vaporisation(Table& t, double h) {
-    t.set(kHLV, h * t.made.units.caloric);
-    if (t.answer.T > 0) t.set(kSLV, h * t.made.units.caloric / t.answer.T);
+    t.set(kHLV, Dimension::energy, h);
+    if (t.answer.T > 0) t.set(kSLV, Dimension::entropy, h / t.answer.T);
 }
 
 void set_volumes(Table& t) {
     const calculation::Phases& phases = t.answer.phases;
-    if (phases.vapour) t.set(kVapourNumbers, phases.vapour->v.value_or(0) * t.made.units.v);
-    if (phases.liquid) t.set(kLiquidNumbers, phases.liquid->v.value_or(0) * t.made.units.v);
+    if (phases.vapour) t.set(kVapourNumbers, Dimension::volume, phases.vapour->v.value_or(0));
+    if (phases.liquid) t.set(kLiquidNumbers, Dimension::volume, phases.liquid->v.value_or(0));
 }
 
 void set_functions(Table& t, const std::optional<calculation::FunctionValues>& phase,
@@ -53,7 +56,7 @@ void set_functions(Table& t, const std::optional<calculation::FunctionValues>& p
     for (std::size_t i = calculation::kVolume; i <= calculation::kCv; ++i)
         if (const auto z = scaled(t.made.units, *phase, static_cast<calculation::Function>(i)))
             t.set(first + i, *z);
-    if (const auto& w = phase->z[calculation::kSound]) t.set(sound, *w);
+    if (const auto& w = phase->z[calculation::kSound]) t.set(sound, Dimension::speed, *w);
 }
 
 void set_functions(Table& t, const calculation::FunctionPair& pair) {
@@ -64,8 +67,14 @@ void set_functions(Table& t, const calculation::FunctionPair& pair) {
 void set_derivatives(Table& t, const std::optional<calculation::PhaseDerivatives>& phase,
                      std::size_t first) {
     if (!phase) return;
-    for (std::size_t i = 0; i < 3; ++i) t.set(first + i, phase->mechanical[i]);
-    t.set(first + 3, phase->table.residual[models::JouleThomson]);
+    constexpr int kAlpha = 6, kJouleThomson = 21;
+    const models::Units units = listed_units(t.made.units);
+    for (int i = 0; i < 3; ++i) {
+        const auto place = static_cast<std::size_t>(i);
+        t.set(first + place, phase->mechanical[place] * factor_of(units, derived_unit(kAlpha + i)));
+    }
+    t.set(first + 3, phase->table.residual[models::JouleThomson] *
+                         factor_of(units, derived_unit(kJouleThomson)));
 }
 
 void set_pages(Table& t, const calculation::PageValues& pages) {
@@ -76,30 +85,29 @@ void set_pages(Table& t, const calculation::PageValues& pages) {
 
 void set_database(Table& t) {
     const double value = t.answer.database->value;
-    const double caloric = t.made.units.caloric;
     const auto M = static_cast<double>(t.made.fluid.substance().M);
     switch (t.request.task) {
         case Task::liquidDensity:
-            t.set(kRhoL, value);
-            t.set(kLiquidNumbers, M / value * t.made.units.v);
+            t.set(kRhoL, Dimension::density, value);
+            t.set(kLiquidNumbers, Dimension::volume, M / value);
             break;
         case Task::solidDensity:
-            t.set(kLiquidNumbers, M / value * t.made.units.v);
+            t.set(kLiquidNumbers, Dimension::volume, M / value);
             break;
         case Task::vaporisationEquation:
             set_vaporisation(t, value);
             break;
         case Task::idealGasCp:
-            t.set(kCpIdealGas, value * caloric);
+            t.set(kCpIdealGas, Dimension::entropy, value);
             break;
         case Task::liquidCp:
-            t.set(kCpLiquid, value * caloric);
+            t.set(kCpLiquid, Dimension::entropy, value);
             break;
         case Task::solidCp:
-            t.set(kCpSolid, value * caloric);
+            t.set(kCpSolid, Dimension::entropy, value);
             break;
         default:
-            t.set(kP, value * static_cast<double>(t.made.units.p));
+            t.set(kP, computed_pressure(t.made.units, value));
             break;
     }
 }
@@ -121,7 +129,8 @@ void set_answer(Table& t) {
     if (t.request.task != Task::functions) set_volumes(t);
     if (t.request.task == Task::functions) set_functions(t, *a.functions);
     if (a.hLV) set_vaporisation(t, *a.hLV);
-    if (a.active_virial) t.set(kVirial, *a.active_virial);
+    if (a.active_virial)
+        t.set(kVirial, shown(listed_units(t.made.units), Dimension::volume, *a.active_virial));
     if (a.pages) set_pages(t, *a.pages);
 }
 
@@ -131,10 +140,26 @@ ResultNumbers function_values(const Made& made, const calculation::Request& requ
                               const Answer& answer) {
     Table t{.made = made, .request = request, .answer = answer};
     if (answer.reason == calculation::Reason::arithmetic) return {};
-    t.set(kT, answer.T);
-    t.set(kP, pressure_of(t));
+    // Without one they are those of absolute zero and of the vacuum, whatever the unit.
+    t.set(kT, Dimension::temperature, answer.T);
+    t.set(kP, Dimension::pressure, pressure_of(t));
     set_answer(t);
     return t.values;
+}
+
+models::Dimension dimension_of(calculation::Function function) {
+    switch (function) {
+        case calculation::kVolume:
+            return Dimension::volume;
+        case calculation::kSound:
+            return Dimension::speed;
+        case calculation::kS:
+        case calculation::kCp:
+        case calculation::kCv:
+            return Dimension::entropy;
+        default:
+            return Dimension::energy;
+    }
 }
 
 bool depends_on_reference(std::size_t element) {

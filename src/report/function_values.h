@@ -17,6 +17,9 @@ inline constexpr std::size_t kVapourNumbers = 9, kLiquidNumbers = 19;
 ResultNumbers function_values(const Made& made, const calculation::Request& request,
                               const calculation::Answer& answer);
 
+/// What a function is measured in.
+models::Dimension dimension_of(calculation::Function function);
+
 /// Names of the numbers in the protocol, divided by ';'.
 inline constexpr auto kNumberNames =
     "T;p;rho(global);v(global);rho(L);cp(S);x;cp(idG);x;v(V);h(V);s(V);g(V);u(V);a(V);eH(V); eU(V);"

@@ -1,6 +1,7 @@
 #include "report/iso_calculator.h"
 
 #include "common/numbers.h"
+#include "report/teller.h"
 
 namespace quor::report {
 
@@ -12,15 +13,36 @@ namespace {
 constexpr const char* kLabels[] = {
     "V  = ", "H  = ", "S  = ", "G  = ", "U  = ", "A  = ", "E(H)=", "E(U)="};
 
-std::string shown(double value) {
+std::string text_of(double value) {
     return numbers::general(static_cast<float>(value));
 }
+
+std::string text_of(const models::Units& units, Dimension dimension, double value) {
+    return text_of(shown(units, dimension, value));
+}
+
+/// What is given, or sought.
+Dimension of_T(bool T) {
+    return T ? Dimension::temperature : Dimension::pressure;
+}
+
+/// The told labels stand on their own as long as the unit is none of the user's choice.
+std::string label_of(const models::Units& units, bool T, const char* told) {
+    if (!units.has_own(of_T(T))) return told;
+    return (T ? "T/" : "p/") + unit_name(units, of_T(T)) + " =";
+}
+
+constexpr auto kNotFound = "No solution found";
 
 TaskResult result_at(const Made& made, double T, double p) {
     return make_result(made.fluid, made.reference, made.units.choice, functions_request(T, p));
 }
 
 }  // namespace
+
+Dimension iso_dimension(IsoFunction function) {
+    return dimension_of(calculation::function_of(function));
+}
 
 const char* iso_label(IsoFunction function) {
     return kLabels[calculation::function_of(function)];
@@ -39,7 +61,7 @@ calculation::Request functions_request(double T, double p) {
 }
 
 std::optional<TaskResult> iso_solve(const Made& made, calculation::IsoSearch search) {
-    search.target /= search.function == IsoFunction::V ? made.units.v : made.units.caloric;
+    search.target = made.units.of(iso_dimension(search.function)).value(search.target);
     const calculation::Calculator calculator(made.fluid, made.reference);
     const std::optional<double> x = calculation::solve_iso(calculator, search);
     if (!x) return std::nullopt;
@@ -57,12 +79,45 @@ IsoCalculator::IsoCalculator(TaskResult state, IsoFunction constant, IsoGiven sp
 
 void IsoCalculator::refill() {
     const bool given_T = given == IsoGiven::T;
+    constant_text = text_of(last_.numbers[iso_position(function, liquid)]);
+    given_text = text_of(units(), of_T(given_T), given_T ? last_T() : last_p());
+    label();
+    seek();
+}
+
+void IsoCalculator::label() {
+    const bool given_T = given == IsoGiven::T;
     constant_label = iso_label(function);
-    given_label = given_T ? "  T/K =" : "p/kPa =";
-    sought_label = given_T ? "p/kPa = " : "T/K =";
-    constant_text = shown(last_.numbers[iso_position(function, liquid)]);
-    given_text = shown(given_T ? last_T() : last_p());
-    sought_text = shown(given_T ? last_p() : last_T());
+    given_label = label_of(units(), given_T, given_T ? "  T/K =" : "p/kPa =");
+    sought_label = label_of(units(), !given_T, given_T ? "p/kPa = " : "T/K =");
+}
+
+void IsoCalculator::seek() {
+    const bool given_T = given == IsoGiven::T;
+    sought_text = text_of(units(), of_T(!given_T), given_T ? last_p() : last_T());
+}
+
+Dimension IsoCalculator::given_dimension() const {
+    return of_T(given == IsoGiven::T);
+}
+
+std::string IsoCalculator::state_text() const {
+    return "Last state: T = " + text_of(units(), Dimension::temperature, last_T()) + " " +
+           unit_name(units(), Dimension::temperature) +
+           ",  p = " + text_of(units(), Dimension::pressure, last_p()) + " " +
+           unit_name(units(), Dimension::pressure);
+}
+
+void IsoCalculator::tell_in(const models::UnitChoice& choice) {
+    const std::string constant = constant_text, typed = given_text, sought = sought_text;
+    refill();
+    const bool own_constant = constant != constant_text, own_given = typed != given_text,
+               no_state = sought != sought_text;
+    last_ = told_in(last_, choice);
+    refill();
+    if (own_constant) constant_text = constant;
+    if (own_given) given_text = typed;
+    if (no_state) sought_text = sought;
 }
 
 void IsoCalculator::choose_function(IsoFunction constant) {
@@ -94,15 +149,15 @@ bool IsoCalculator::calculate(const std::string& constant, const std::string& ty
                                       .T = last_T(),
                                       .p = last_p(),
                                       .target = *target};
-        (given == IsoGiven::T ? search.T : search.p) = *at;
+        (given == IsoGiven::T ? search.T : search.p) = units().of(given_dimension()).value(*at);
         found = iso_solve(last_.made, search);
     }
     if (!found || found->failed()) {
-        sought_text = "No solution found";
+        sought_text = kNotFound;
         return false;
     }
     last_ = std::move(*found);
-    sought_text = shown(given == IsoGiven::T ? last_p() : last_T());
+    seek();
     return true;
 }
 

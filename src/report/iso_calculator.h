@@ -3,6 +3,7 @@
 #include <string>
 
 #include "calculation/iso_search.h"
+#include "report/quantity_text.h"
 #include "report/result.h"
 
 namespace quor::report {
@@ -11,6 +12,9 @@ namespace quor::report {
 const char* iso_label(calculation::IsoFunction function);
 /// Element of `ResultNumbers` that holds a function of the L or the V phase.
 std::size_t iso_position(calculation::IsoFunction function, bool liquid);
+
+/// What a function is measured in.
+Dimension iso_dimension(calculation::IsoFunction function);
 
 /// What a calculation of caloric functions at T/K and p/kPa asks for.
 calculation::Request functions_request(double T, double p);
@@ -33,6 +37,16 @@ class IsoCalculator {
     /// `cmdReset`: back to the last successful calculation. False without one.
     bool reset();
 
+    /// Tells the last state in other units; nothing is calculated. What was typed stays as it was
+    /// typed: its fields convert it.
+    void tell_in(const models::UnitChoice& choice);
+
+    /// "Last state: T = 300 K,  p = 101.325 kPa".
+    std::string state_text() const;
+    /// What the field of the given value is measured in.
+    Dimension given_dimension() const;
+    const models::Units& units() const { return last_.made.units; }
+
     /// The last state that was found.
     const TaskResult& last() const { return last_; }
     double last_T() const { return last_.request.given.T; }
@@ -47,6 +61,8 @@ class IsoCalculator {
 
   private:
     void refill();
+    void label();
+    void seek();
 
     TaskResult last_;
 };

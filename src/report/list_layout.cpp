@@ -1,5 +1,7 @@
 #include "report/list_layout.h"
 
+#include <algorithm>
+
 #include "common/numbers.h"
 #include "common/text.h"
 
@@ -56,8 +58,10 @@ Quantity quantity_of(std::string_view label) {
 ListLine phase_row(std::string_view name, std::string_view label, const PhaseTexts& values) {
     if (label.empty()) return phase_row(name, values, quantity_of(name));
     const Quantity quantity = quantity_of(label);
-    return {.text = in_columns(
-                text::pad_right(name, kLabelWidth) + text::pad_right(label, kLabelWidth), values),
+    const std::size_t further = std::max(label.size(), kLabelWidth) - kLabelWidth;
+    return {.text = in_columns(text::pad_right(name, kLabelWidth - std::min(further, kLabelWidth)) +
+                                   text::pad_right(label, kLabelWidth),
+                               values),
             .cells = {text::trim(name) + " " + quantity.name, quantity.unit, values.L, values.V},
             .of_phases = true};
 }
@@ -74,12 +78,6 @@ ListLine value_line(std::string text, const Quantity& quantity, std::string valu
 
 std::string value32(double value) {
     return numbers::general(numbers::to_single(value));
-}
-
-std::string pressure_by_mask(double p, std::string_view mask, std::string_view unit) {
-    constexpr double kSmallest = 0.01;
-    const std::string number = p >= kSmallest ? numbers::format(p, mask) : value32(p);
-    return number + std::string(unit);
 }
 
 void ListBuilder::value(const std::string& label, const std::string& value,

@@ -32,8 +32,8 @@ ListLine plain_line(std::string text);
 ListLine red_line(std::string text);
 /// A line of `count` equal characters.
 ListLine rule_line(char c, std::size_t count);
-/// A row of the table; a long name runs into the label's place when there is no label. The unit of
-/// the values stands in the label.
+/// A row of the table; a long name runs into the label's place when there is no label, and a long
+/// label into that of the name. The unit of the values stands in the label.
 ListLine phase_row(std::string_view name, std::string_view label, const PhaseTexts& values);
 /// A row whose cells are named apart from its text.
 ListLine phase_row(std::string_view name, const PhaseTexts& values, const Quantity& quantity);
@@ -44,9 +44,6 @@ std::string label_field(std::string_view label);
 
 /// Text of a 32-bit value in general format. Throws `faults::Fault` when the value is too large.
 std::string value32(double value);
-/// A pressure/kPa by a mask that has no unit, below 0.01 kPa as a 32-bit value; `unit` stands
-/// behind either.
-std::string pressure_by_mask(double p, std::string_view mask, std::string_view unit = "");
 
 /// The growing text of a list.
 class ListBuilder {

@@ -3,6 +3,7 @@
 #include "common/text.h"
 #include "models/model_tables.h"
 #include "models/reference_state.h"
+#include "report/quantity_text.h"
 
 namespace quor::report {
 
@@ -33,8 +34,12 @@ const char* caloric_name(models::CaloricUnit unit) {
 
 std::string name_of(const Made& made) {
     return made.fluid.substance().name + ", " +
-           text::trim(models::eos_name(made.fluid.models().eos)) + "; " +
-           text::trim(made.units.v_label) + ", " + caloric_name(made.units.choice.caloric);
+           text::trim(models::eos_name(made.fluid.models().eos)) + "; " + units_line(made.units);
+}
+
+std::string units_line(const models::Units& units) {
+    if (has_own_units(units)) return unit_names(units);
+    return text::trim(units.v_label) + ", " + caloric_name(units.choice.caloric);
 }
 
 }  // namespace quor::report

@@ -29,6 +29,8 @@ bool is_out_of_date(const Made& made, const Made& present);
 /// "Propane, CEOS Peng / Robinson; m^3/kmol, kJ/kmol": what an outdated result is marked with.
 std::string name_of(const Made& made);
 
+/// "m^3/kmol, kJ/kmol"; all units where one of them is of the user's choice.
+std::string units_line(const models::Units& units);
 /// The unit of h and its kin: "kJ/kmol", "K", "R T" or "kJ/kg".
 const char* caloric_name(models::CaloricUnit unit);
 

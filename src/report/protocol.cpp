@@ -7,6 +7,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "common/whole_file.h"
+#include "report/quantity_text.h"
 #include "report/reference_lines.h"
 
 namespace quor::report {
@@ -43,11 +44,20 @@ std::vector<Section> sections_of(const Rows& rows) {
     return all;
 }
 
-/// The values that are not 0 in every row.
+/// Numbers that have no use in a row: 0, of T and p absolute zero and the vacuum in their unit.
+float unused(const Made& made, std::size_t place) {
+    constexpr std::size_t kT = 0, kP = 1;
+    if (place > kP) return 0.0F;
+    const Dimension dimension = place == kT ? Dimension::temperature : Dimension::pressure;
+    return static_cast<float>(shown(made.units, dimension, 0.0));
+}
+
+/// The values that are of use in a row.
 Kept kept_values(const Section& section) {
     Kept kept{};
     for (auto row = section.begin; row != section.end; ++row)
-        for (std::size_t i = 0; i < kept.size(); ++i) kept[i] = kept[i] || row->values[i] != 0.0F;
+        for (std::size_t i = 0; i < kept.size(); ++i)
+            kept[i] = kept[i] || row->values[i] != unused(section.made, i);
     return kept;
 }
 
@@ -63,7 +73,34 @@ const char* volume_unit(models::UnitSystem system) {
     return "[v] = m^3/kmol ";
 }
 
-void add_unit_lines(std::vector<std::string>& lines, const models::UnitChoice& choice) {
+/// Every unit of the columns by its name.
+void add_own_unit_lines(std::vector<std::string>& lines, const models::Units& units) {
+    constexpr int kAlpha = 6, kChi = 7, kJouleThomson = 21;
+    const auto is = [](const char* symbol, const std::string& unit) {
+        return std::string("[") + symbol + "] = " + unit;
+    };
+    const auto of = [&](const char* symbol, Dimension dimension) {
+        return is(symbol, unit_name(units, dimension));
+    };
+    const auto derived = [&](const char* symbol, int label) {
+        return is(symbol, name_of(units, derived_unit(label)));
+    };
+    lines.push_back("units: " + of("T", Dimension::temperature) + "   " +
+                    of("p", Dimension::pressure) + "   " + of("rho", Dimension::density) + "   " +
+                    of("B], [v", Dimension::volume));
+    lines.push_back(of("h], [g], [u], [a], [eH], [eU", Dimension::energy) + "   " +
+                    of("s], [cp], [cV", Dimension::entropy) + "   " +
+                    of("sound speed", Dimension::speed));
+    lines.push_back(derived("alpha], [beta", kAlpha) + "   " + derived("chi", kChi) + "   " +
+                    derived("delta", kJouleThomson));
+}
+
+void add_unit_lines(std::vector<std::string>& lines, const models::Units& units) {
+    if (has_own_units(units)) {
+        add_own_unit_lines(lines, units);
+        return;
+    }
+    const models::UnitChoice& choice = units.choice;
     lines.push_back(std::string("units: [T] = K   [p] = kPa   [B] = m^3/kmol    ") +
                     volume_unit(choice.system));
     if (choice.caloric == models::CaloricUnit::molar)
@@ -93,7 +130,7 @@ void add_section(std::vector<std::string>& lines, const Section& section, char s
         if (kept[i]) heads += names[i] + separator;
     lines.push_back(section.made.fluid.substance().name);
     lines.push_back(section.made.fluid.substance().formula);
-    add_unit_lines(lines, section.made.units.choice);
+    add_unit_lines(lines, section.made.units);
     add_reference(lines, section.made, kept, several);
     lines.emplace_back();
     lines.push_back(heads);

@@ -5,8 +5,11 @@
 #include "common/text.h"
 #include "models/model_tables.h"
 #include "models/named_reference.h"
+#include "report/quantity_text.h"
 
 namespace quor::report {
+
+using models::Units;
 
 namespace {
 
@@ -22,8 +25,18 @@ std::string general(double value, Numbers how) {
     return point ? numbers::general_point(single) : numbers::general(single);
 }
 
-std::string at(double T, double p, Numbers how) {
-    return general(T, how) + " K, " + general(p, how) + " kPa";
+std::string quantity(const Units& units, Dimension dimension, double value, Numbers how) {
+    return general(shown(units, dimension, value), how) + " " + unit_name(units, dimension);
+}
+
+std::string at(const Units& units, double T, double p, Numbers how) {
+    return quantity(units, Dimension::temperature, T, how) + ", " +
+           quantity(units, Dimension::pressure, p, how);
+}
+
+std::string caloric(const Units& units, double h, double s, Numbers how) {
+    return "h = " + quantity(units, Dimension::energy, h, how) +
+           ", s = " + quantity(units, Dimension::entropy, s, how);
 }
 
 std::string models_line(const models::ModelSelection& models) {
@@ -32,18 +45,17 @@ std::string models_line(const models::ModelSelection& models) {
 }
 
 /// A state of the user's own is named by its values.
-std::string own_line(const models::OwnState& own, Numbers how) {
-    return "h = " + general(own.h, how) + " kJ/kmol, s = " + general(own.s, how) +
-           " kJ/(kmol K) of the " + (own.vapour ? "vapour" : "liquid") + " at " +
-           at(own.T, own.p, how);
+std::string own_line(const Units& units, const models::OwnState& own, Numbers how) {
+    return caloric(units, own.h, own.s, how) + " of the " + (own.vapour ? "vapour" : "liquid") +
+           " at " + at(units, own.T, own.p, how);
 }
 
-std::string zero_line(const models::ReferenceState& r, Numbers how) {
-    if (r.named == models::NamedState::own) return "Reference state: " + own_line(r.own, how);
+std::string zero_line(const Units& units, const models::ReferenceState& r, Numbers how) {
+    if (r.named == models::NamedState::own)
+        return "Reference state: " + own_line(units, r.own, how);
     if (const models::NamedReference* const named = models::named_reference(r.named))
         return "Reference state: " + std::string(named->name) + ", " + std::string(named->text);
-    const std::string state =
-        "ideal gas at " + at(static_cast<double>(r.T0), static_cast<double>(r.p0), how);
+    const std::string state = "ideal gas at " + at(units, digits_of(r.T0), digits_of(r.p0), how);
     switch (r.mode) {
         case kConventional:
             return "Reference state: conventional h and s, " + state;
@@ -53,16 +65,16 @@ std::string zero_line(const models::ReferenceState& r, Numbers how) {
             break;
     }
     if (r.href == 0.0 && r.sref == 0.0) return "Reference state: h = 0, s = 0, " + state;
-    return "Reference state: h = " + general(r.href, how) +
-           " kJ/kmol, s = " + general(r.sref, how) + " kJ/(kmol K), " + state;
+    return "Reference state: " + caloric(units, r.href, r.sref, how) + ", " + state;
 }
 
 }  // namespace
 
 std::vector<std::string> reference_lines(const Made& made, bool exergies, Numbers how) {
     const models::ReferenceState& r = made.reference;
-    std::vector<std::string> lines = {models_line(made.fluid.models()), zero_line(r, how)};
-    if (exergies) lines.push_back("Surroundings for exergies: " + at(r.Tenv, r.penv, how));
+    const Units units = listed_units(made.units);
+    std::vector<std::string> lines = {models_line(made.fluid.models()), zero_line(units, r, how)};
+    if (exergies) lines.push_back("Surroundings for exergies: " + at(units, r.Tenv, r.penv, how));
     return lines;
 }
 
@@ -73,8 +85,7 @@ std::vector<HeadLine> head_lines(const Made& made) {
         const std::size_t colon = line.find(": ");
         head.push_back({line.substr(0, colon), line.substr(colon + 2)});
     }
-    head.push_back(
-        {"Units", text::trim(made.units.v_label) + ", " + caloric_name(made.units.choice.caloric)});
+    head.push_back({"Units", units_line(made.units)});
     return head;
 }
 

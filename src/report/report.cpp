@@ -53,7 +53,7 @@ void tell_task(Teller& t) {
             tell_process(t);
             break;
         case Task::temperatureOnly:
-            if (!tell_missing(t)) t.out.par1.text = temperature_text(t.answer.T);
+            if (!tell_missing(t)) t.out.par1.text = temperature_text(t, t.answer.T);
             break;
         default:
             tell_database_function(t);
@@ -96,9 +96,11 @@ constexpr std::size_t kNumberWidth = 16;
 
 void tell_cubic_parameters(Teller& t) {
     const models::EosState& s = *t.answer.parameters;
+    // They are those of K, kPa and m^3/kmol, which the other sets need not say.
     t.list.blank();
     t.list.underlined("Paramet. of the generalized cub. EOS (" +
-                      text::trim(models::eos_name(t.models().eos)) + "):");
+                      text::trim(models::eos_name(t.models().eos)) + ")" +
+                      (has_own_units(t.units()) ? " in kPa, m^3/kmol:" : ":"));
     const auto line = [&](const char* name, double value) {
         t.list.add(value_line(name + text::pad_left(value32(value), kNumberWidth),
                               quantity_of(name), value32(value)));
@@ -112,9 +114,11 @@ void tell_cubic_parameters(Teller& t) {
 void tell_virial_coefficient(Teller& t) {
     t.list.blank();
     t.list.add("Virial coeffizient:");
-    const std::string value = value32(*t.answer.B);
-    t.list.add(value_line("  B =" + text::pad_left(value, kNumberWidth) + " m^3/kmol",
-                          {"B", "m^3/kmol"}, value));
+    const models::Units units = listed_units(t.units());
+    const std::string value = value32(units, Dimension::volume, *t.answer.B),
+                      unit = unit_name(units, Dimension::volume);
+    t.list.add(
+        value_line("  B =" + text::pad_left(value, kNumberWidth) + " " + unit, {"B", unit}, value));
 }
 
 void tell_all(Teller& t) {

@@ -1,6 +1,7 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "models/unit_text.h"
 #include "report/reference_lines.h"
 #include "report/teller.h"
 
@@ -34,7 +35,8 @@ constexpr MeanRow kMeanRows[] = {
 
 /// Functions of the two-phase mixture. Caloric rows need an ideal-gas cp.
 void mean_functions(Teller& t) {
-    const bool molar = t.units().choice.caloric == models::CaloricUnit::molar;
+    const models::Units& units = t.units();
+    const bool molar = units.choice.caloric == models::CaloricUnit::molar;
     const calculation::FunctionPair& pair = *t.answer.functions;
     const bool caloric = pair.liquid && pair.vapour && pair.caloric();
     ListBuilder& list = t.list;
@@ -46,25 +48,30 @@ void mean_functions(Teller& t) {
 
     const double y = t.answer.y;
     const double v = y * *t.answer.phases.vapour->v + (1 - y) * *t.answer.phases.liquid->v;
-    list.value("Density rho       = ", value32(faults::divide(t.M(), v)), "  kg/m^3");
-    list.value("Volume  v         = ", value32(v * t.units().v),
-               "  " + text::trim_right(t.units().v_label));
+    list.value("Density rho       = ", value32(units, Dimension::density, faults::divide(t.M(), v)),
+               "  " + unit_name(units, Dimension::density));
+    list.value("Volume  v         = ", value32(units, Dimension::volume, v),
+               "  " + unit_name(units, Dimension::volume, text::trim_right(units.v_label)));
     tell_missing_functions(t, pair);
     if (!caloric) return;
     for (const MeanRow& row : kMeanRows) {
         const auto &V = pair.vapour->z[row.function], &L = pair.liquid->z[row.function];
         if (!V || !L) continue;
         const double z = y * *V + (1 - y) * *L;
-        const char* unit =
+        const Dimension dimension = dimension_of(row.function);
+        const char* told =
             row.per_kelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
-        list.value(row.label, value32(z * t.units().caloric), std::string("  ") + unit);
+        list.value(row.label, value32(units, dimension, z),
+                   "  " + unit_name(units, dimension, told));
     }
 }
 
 void tell_pressure(Teller& t, double p, bool two_phase) {
-    const std::string label = two_phase ? "Vapour pressure p/kPa = " : " System pressure p/kPa = ";
+    const std::string label = (two_phase ? "Vapour pressure p/" : " System pressure p/") +
+                              unit_name(t.units(), Dimension::pressure) + " = ";
     const bool none = p == 0.0 && !t.request.method.global;
-    t.out.co2 = {label + (none ? "(Error)" : pressure_by_mask(p, "####0.000")), none, false};
+    t.out.co2 = {label + (none ? "(Error)" : pressure_by_mask(t.units(), p, "####0.000")), none,
+                 false};
 }
 
 /// What the state solvers say of a failure.
@@ -91,8 +98,8 @@ void tell_failure(Teller& t) {
 }
 
 void tell_given(Teller& t, double rho) {
-    t.out.par1.text = temperature_text(t.answer.T);
-    t.out.par2.text = density_text(rho);
+    t.out.par1.text = temperature_text(t, t.answer.T);
+    t.out.par2.text = density_text(t, rho);
 }
 
 void tell_state(Teller& t) {
@@ -102,7 +109,7 @@ void tell_state(Teller& t) {
                      numbers::format(a.y, "0.0#######"));
     if (a.pLV > 0)
         t.out.co1.text =
-            "vapour pressure by using CEOS: p(LV )= " + pressure_by_mask(a.pLV, "###0.000", " kPa");
+            "vapour pressure by using CEOS: p(LV )= " + pressure_with_unit(t, a.pLV, "###0.000");
     if (!a.ok()) {
         tell_failure(t);
         return;
@@ -158,14 +165,22 @@ void tank_lines(Teller& t, const calculation::TankContent& c) {
     list.value("Mass fraction = Mole fract. V-Phase y(V),% = ",
                numbers::format(mV / c.m * 100.0, "0.0###"), " %");
     // A value stands only in the column of a phase that exists.
-    const auto row = [&](const char* label, double L, double V, const char* mask) {
-        list.row(label, "",
-                 {c.rhoL ? numbers::format(L, mask) : "", c.rhoV ? numbers::format(V, mask) : ""});
+    const auto row = [&](std::string_view name, Dimension dimension, double L, double V,
+                         const char* mask) {
+        constexpr std::size_t kName = 25, kSymbol = 5, kSign = 32;
+        const std::string symbol =
+            std::string(models::key_of(dimension)) + "/" + unit_name(t.units(), dimension);
+        list.row(
+            text::pad_right(text::pad_right(name, kName) + text::pad_left(symbol, kSymbol), kSign) +
+                "=  ",
+            "",
+            {c.rhoL ? by_mask(t.units(), dimension, L, mask) : "",
+             c.rhoV ? by_mask(t.units(), dimension, V, mask) : ""});
     };
-    row("Volume                   V/m^3  =  ", c.V - c.vapour_volume, c.vapour_volume, kAmount);
-    row("Mass                      m/kg  =  ", mL, mV, kAmount);
-    row("amount of substance      n/kmol =  ", faults::divide(mL, t.M()), faults::divide(mV, t.M()),
-        "##0.0000");
+    row("Volume", Dimension::tankVolume, c.V - c.vapour_volume, c.vapour_volume, kAmount);
+    row("Mass", Dimension::mass, mL, mV, kAmount);
+    row("amount of substance", Dimension::amount, faults::divide(mL, t.M()),
+        faults::divide(mV, t.M()), "##0.0000");
 }
 
 }  // namespace quor::report

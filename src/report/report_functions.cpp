@@ -1,3 +1,4 @@
+#include "common/text.h"
 #include "report/reference_lines.h"
 #include "report/teller.h"
 
@@ -37,10 +38,17 @@ constexpr std::array<Row, calculation::kFunctionCount> kRows = {{
     {calculation::kSound, "Speed of Sound", {}},
 }};
 
-std::string label_of(const Teller& t, const Row& row) {
-    if (row.function == calculation::kVolume) return "v/ (" + t.units().v_label + ")  = ";
-    if (row.function == calculation::kSound) return label_field("as/ (m/s)");
-    return label_field(row.labels[static_cast<std::size_t>(t.units().choice.caloric)]);
+/// "h" of "h/ (kJ/kmol) ".
+std::string symbol_of(const char* label) {
+    const std::string_view whole = label;
+    return text::trim(whole.substr(0, whole.find('/')));
+}
+
+std::string label_of(const Teller& t, Function function) {
+    if (function == calculation::kVolume) return volume_label(t);
+    if (function == calculation::kSound)
+        return label_field("as/ (" + unit_name(t.units(), Dimension::speed) + ")");
+    return label_field(caloric_label(t.units(), function));
 }
 
 std::string value_text(const Teller& t, const std::optional<FunctionValues>& phase,
@@ -54,8 +62,12 @@ std::string value_text(const Teller& t, const std::optional<FunctionValues>& pha
 std::optional<double> scaled(const models::Units& units, const FunctionValues& values,
                              Function function) {
     const std::optional<double>& z = values.z[function];
-    if (!z || function == calculation::kSound) return z;
-    return *z * (function == calculation::kVolume ? units.v : units.caloric);
+    return z ? std::optional(shown(units, dimension_of(function), *z)) : z;
+}
+
+double computed_pressure(const models::Units& units, double p) {
+    return units.has_own(Dimension::pressure) ? shown(units, Dimension::pressure, p)
+                                              : p * static_cast<double>(units.p);
 }
 
 void tell_missing_functions(Teller& t, const calculation::FunctionPair& pair) {
@@ -83,18 +95,21 @@ void function_table(Teller& t, const calculation::FunctionPair& pair) {
     for (const Row& row : kRows) {
         const std::string L = value_text(t, pair.liquid, row.function),
                           V = value_text(t, pair.vapour, row.function);
-        if (!L.empty() || !V.empty()) t.list.row(row.name, label_of(t, row), {L, V});
+        if (!L.empty() || !V.empty()) t.list.row(row.name, label_of(t, row.function), {L, V});
     }
 }
 
-const char* caloric_label(Function function, models::CaloricUnit unit) {
-    return kRows[function].labels[static_cast<std::size_t>(unit)];
+std::string caloric_label(const models::Units& units, Function function) {
+    const Dimension dimension = dimension_of(function);
+    const char* told = kRows[function].labels[static_cast<std::size_t>(units.choice.caloric)];
+    if (!units.has_own(dimension)) return told;
+    return symbol_of(told) + "/ (" + unit_name(units, dimension) + ")";
 }
 
 void tell_functions(Teller& t) {
     if (tell_missing(t)) return;
-    t.out.par1.text = temperature_text(t.answer.T);
-    t.out.par2.text = pressure_text(t.answer.p);
+    t.out.par1.text = temperature_text(t, t.answer.T);
+    t.out.par2.text = pressure_text(t, t.answer.p);
     if (!t.answer.ok()) {
         calculation_error(t, error_code());
         return;

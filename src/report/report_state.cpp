@@ -18,15 +18,25 @@ constexpr std::size_t kIndent = 12;
 void critical_point_lines(Teller& t) {
     const models::EosParameters& eos = t.fluid().eos();
     t.list.add("Critical point!");
-    t.list.value(" T(cr) = ", numbers::format(t.substance().Tcrit, "####0.00"), " K");
-    t.list.value(" p(cr) = ", numbers::format(t.substance().pcrit, "#####.00"), " kPa");
+    const models::Units units = listed_units(t.units());
+    const auto line = [&](const char* label, Dimension dimension, double value, const char* mask) {
+        t.list.value(label, by_mask(units, dimension, value, mask),
+                     " " + unit_name(units, dimension));
+    };
+    line(" T(cr) = ", Dimension::temperature, t.substance().Tcrit, "####0.00");
+    line(" p(cr) = ", Dimension::pressure, t.substance().pcrit, "#####.00");
     if (!(eos.vcrit_calculated > constants::kPresent)) return;
-    t.list.value("rho(cr) = ", numbers::format(eos.rhocrit_calculated, "####.0"), " kg/m^3");
-    t.list.value("  v(cr) = ", value32(eos.vcrit_calculated), " m^3/kmol");
+    line("rho(cr) = ", Dimension::density, eos.rhocrit_calculated, "####.0");
+    t.list.value("  v(cr) = ", value32(units, Dimension::volume, eos.vcrit_calculated),
+                 " " + unit_name(units, Dimension::volume));
 }
 
-std::string pressure_value(double p) {
-    return pressure_by_mask(p, "####0.000", " kPa");
+std::string pressure_value(const Teller& t, double p) {
+    return pressure_with_unit(t, p, "####0.000");
+}
+
+std::string temperature_value(const Teller& t, double T, std::string_view mask) {
+    return with_unit(t, Dimension::temperature, T, mask);
 }
 
 bool given_T(const Teller& t) {
@@ -45,11 +55,13 @@ void source_of_liquid(Teller& t) {
 void tell_given_tp(Teller& t) {
     if (tell_missing(t)) return;
     const calculation::Answer& a = t.answer;
-    t.out.par1.text = temperature_text(a.T);
-    t.out.par2.text = pressure_text(a.p);
+    t.out.par1.text = temperature_text(t, a.T);
+    t.out.par2.text = pressure_text(t, a.p);
     if (a.critical_point) critical_point_lines(t);
     if (t.models().vapour_only && a.B)
-        t.out.co2.text = " Virialcoeff. B = " + value32(*a.B) + "  m^3/kmol";
+        t.out.co2.text =
+            " Virialcoeff. B = " + value32(listed_units(t.units()), Dimension::volume, *a.B) +
+            "  " + unit_name(listed_units(t.units()), Dimension::volume);
     if (!a.ok()) {
         calculation_error(t, error_code());
         return;
@@ -62,14 +74,14 @@ void tell_given_tp(Teller& t) {
 void tell_given_p_rho(Teller& t) {
     if (tell_missing(t)) return;
     const calculation::Answer& a = t.answer;
-    t.out.par1.text = pressure_text(a.p);
-    t.out.par2.text = density_text(static_cast<double>(t.request.given.rhoV));
+    t.out.par1.text = pressure_text(t, a.p);
+    t.out.par2.text = density_text(t, static_cast<double>(t.request.given.rhoV));
     if (t.failed(Reason::noTemperature) || t.failed(Reason::belowCovolume)) {
         t.out.co2 = {t.failed(Reason::belowCovolume) ? " T = , no T-solution (v <= b)" : " Error",
                      true, false};
         return;
     }
-    t.out.co2.text = " T = " + numbers::format(a.T, "###0.000 K");
+    t.out.co2.text = " T = " + temperature_value(t, a.T, "###0.000");
     if (a.ok())
         density_lines(t);
     else
@@ -85,7 +97,7 @@ bool tell_given_equilibrium(Teller& t) {
     if (tell_missing(t)) return true;
     const bool by_T = given_T(t);
     const std::string given =
-        by_T ? temperature_text(t.request.given.T) : pressure_text(t.request.given.p);
+        by_T ? temperature_text(t, t.request.given.T) : pressure_text(t, t.request.given.p);
     t.out.par1.text = given;
     if (!t.failed(Reason::aboveCritical)) return false;
     t.out.par1 = {given + (by_T ? " > T(cr) !!!" : " > p(cr) !!!"), true, false};
@@ -100,23 +112,23 @@ void tell_measured(Teller& t) {
             given_T(t) ? "  No p(LV) available from data set" : " No T(LV) available/calculable",
             true, false};
     else
-        t.out.co2.text =
-            given_T(t) ? " p(LV)(from data set) = " + pressure_by_mask(a.p, "####0.0#", " kPa")
-                       : " T(LV) (from data set) = " + numbers::format(a.T, "####.0# K");
+        t.out.co2.text = given_T(t)
+                             ? " p(LV)(from data set) = " + pressure_with_unit(t, a.p, "####0.0#")
+                             : " T(LV) (from data set) = " + temperature_value(t, a.T, "####.0#");
 }
 
 void tell_partial(Teller& t) {
     const calculation::Answer& a = t.answer;
     t.out.co1.text = given_T(t) ? "p(LV) from actual vapour pressure equation:"
                                 : "T(LV) by using actual vapour pressure equation:";
-    t.out.co2.text = given_T(t) ? pressure_value(a.p) : numbers::format(a.T, "####.000 K");
+    t.out.co2.text = given_T(t) ? pressure_value(t, a.p) : temperature_value(t, a.T, "####.000");
 }
 
 void tell_cubic(Teller& t) {
     const calculation::Answer& a = t.answer;
     t.out.co1.text = given_T(t) ? "p(LV) by using the cubic EOS: " : "T(LV) by using cubic EOS";
-    t.out.co2.text = given_T(t) ? " p(LV) = " + pressure_value(a.p)
-                                : " T(LV) = " + numbers::format(a.T, "####.000 K");
+    t.out.co2.text = given_T(t) ? " p(LV) = " + pressure_value(t, a.p)
+                                : " T(LV) = " + temperature_value(t, a.T, "####.000");
     t.list.add(std::string(kIndent, ' ') + "by using cubic EOS:");
     density_lines(t);
 }
@@ -124,8 +136,8 @@ void tell_cubic(Teller& t) {
 void tell_equation(Teller& t) {
     constexpr std::size_t kRule = 75;
     const calculation::Answer& a = t.answer;
-    t.out.co2.text = given_T(t) ? " p(LV) = " + pressure_value(a.p)
-                                : "T(LV) = " + numbers::format(a.T, "###0.0# K");
+    t.out.co2.text = given_T(t) ? " p(LV) = " + pressure_value(t, a.p)
+                                : "T(LV) = " + temperature_value(t, a.T, "###0.0#");
     t.list.add_red(std::string(kRule, '='));
     t.list.add_red(std::string(kIndent, ' ') +
                    "(Calculation of density not possible by using a vapour pressure equation" +
@@ -160,10 +172,10 @@ void tell_equilibrium(Teller& t) {
 namespace {
 
 /// A row of the list of the process, in columns wide enough for the labels of all units.
-ListLine in_columns(std::vector<std::string> cells) {
-    constexpr std::size_t kWidth = 17;
+ListLine in_columns(const Teller& t, std::vector<std::string> cells) {
+    const std::size_t width = has_own_units(t.units()) ? 20 : 17;
     ListLine line;
-    for (const std::string& cell : cells) line.text += text::pad_left(cell, kWidth);
+    for (const std::string& cell : cells) line.text += text::pad_left(cell, width);
     line.cells = std::move(cells);
     return line;
 }
@@ -172,16 +184,25 @@ std::string value_cell(double value) {
     return std::isfinite(value) ? value32(value) : "";
 }
 
+/// A function in its unit; one of R T has the T of its state.
+std::string caloric_cell(const Teller& t, const calculation::ProcessState& s,
+                         calculation::Function function) {
+    const models::UnitList units = models::units_of(t.units().choice);
+    const models::Unit& unit = *units[static_cast<std::size_t>(dimension_of(function))];
+    const auto scale = models::scale_of(unit, t.fluid(), s.T);
+    return scale ? value_cell(scale->shown(*s.functions->z[function])) : "";
+}
+
 ListLine process_line(const Teller& t, const calculation::ProcessState& s) {
-    std::vector<std::string> cells = {value_cell(s.T), value_cell(s.p)};
-    if (s.v) cells.push_back(value_cell(*s.v * t.units().v));
+    const models::Units& units = t.units();
+    std::vector<std::string> cells = {value_cell(shown(units, Dimension::temperature, s.T)),
+                                      value_cell(shown(units, Dimension::pressure, s.p))};
+    if (s.v) cells.push_back(value_cell(shown(units, Dimension::volume, *s.v)));
     if (s.v && s.functions && s.functions->z[calculation::kH]) {
-        const models::UnitChoice& choice = t.units().choice;
-        const double factor = models::caloric_factor(choice.caloric, s.T, t.substance());
-        cells.push_back(value_cell(*s.functions->z[calculation::kH] * factor));
-        cells.push_back(value_cell(*s.functions->z[calculation::kS] * factor));
+        cells.push_back(caloric_cell(t, s, calculation::kH));
+        cells.push_back(caloric_cell(t, s, calculation::kS));
     }
-    return in_columns(std::move(cells));
+    return in_columns(t, std::move(cells));
 }
 
 }  // namespace
@@ -189,17 +210,19 @@ ListLine process_line(const Teller& t, const calculation::ProcessState& s) {
 void tell_process(Teller& t) {
     t.out.panels_hidden = true;
     if (tell_missing(t)) return;
-    t.out.par1.text = temperature_text(t.answer.T);
-    t.out.par2.text = pressure_text(t.answer.p);
+    t.out.par1.text = temperature_text(t, t.answer.T);
+    t.out.par2.text = pressure_text(t, t.answer.p);
     if (t.answer.process.empty()) return;
     const calculation::Process& process = t.request.process;
-    const models::CaloricUnit unit = t.units().choice.caloric;
+    const models::Units& units = t.units();
     t.list.add("Polytropic process, n = " + numbers::general(process.exponent) +
                ", kappa = " + numbers::general(process.kappa));
     for (std::string& line : reference_lines(t.made)) t.list.add(std::move(line));
-    t.list.add(in_columns({"T/K", "p/kPa", "v/(" + t.units().v_label + ")",
-                           text::trim(caloric_label(calculation::kH, unit)),
-                           text::trim(caloric_label(calculation::kS, unit))}));
+    t.list.add(in_columns(t, {"T/" + unit_name(units, Dimension::temperature),
+                              "p/" + unit_name(units, Dimension::pressure),
+                              "v/(" + unit_name(units, Dimension::volume, units.v_label) + ")",
+                              text::trim(caloric_label(units, calculation::kH)),
+                              text::trim(caloric_label(units, calculation::kS))}));
     for (const calculation::ProcessState& s : t.answer.process) t.list.add(process_line(t, s));
 }
 

@@ -28,13 +28,19 @@ constexpr UnitLabels kLabels[] = {{"delta(LV)h/(kJ/kmol)", "delta(LV)s/(kJ/(kmol
                                   {"delta(LV)h/(R T)", "delta(LV)s/(1/K))"},
                                   {"delta(LV)h/(kJ/kg)", "delta(LV)s/(kJ/(kg K))"}};
 
-const UnitLabels& labels(const Teller& t) {
-    return kLabels[static_cast<std::size_t>(t.units().choice.caloric)];
+std::string label_of(const Teller& t, Dimension dimension) {
+    const bool h = dimension == Dimension::energy;
+    const UnitLabels& told = kLabels[static_cast<std::size_t>(t.units().choice.caloric)];
+    if (!t.units().has_own(dimension)) return h ? told.h : told.s;
+    return (h ? "delta(LV)h/(" : "delta(LV)s/(") + unit_name(t.units(), dimension) + ")";
 }
 
-std::string caloric_number(double value) {
+/// How many digits there are depends on the size of the number, in a unit of its own on that of the
+/// molar value.
+std::string caloric_number(const Teller& t, Dimension dimension, double value) {
     constexpr double kLarge = 1000.0;
-    return numbers::format(value, value < kLarge ? "##0.00" : "##########.0");
+    const double size = t.units().has_own(dimension) ? value : shown(t.units(), dimension, value);
+    return by_mask(t.units(), dimension, value, size < kLarge ? "##0.00" : "##########.0");
 }
 
 /// True when nothing can be told behind the given value.
@@ -42,7 +48,7 @@ bool tell_given(Teller& t) {
     if (tell_missing(t)) return true;
     const bool by_T = given_T(t);
     const std::string given =
-        by_T ? temperature_text(t.request.given.T) : pressure_text(t.request.given.p);
+        by_T ? temperature_text(t, t.request.given.T) : pressure_text(t, t.request.given.p);
     t.out.par1.text = given;
     if (!t.failed(Reason::aboveCritical)) return false;
     t.out.par1 = {given + (by_T ? " >= T(cr) !!!" : " >= p(cr) !!!"), true, false};
@@ -66,9 +72,9 @@ void tell_main_result(Teller& t) {
     const calculation::Answer& a = t.answer;
     t.out.co1.text = a.vaporisation->found.explanation;
     if (!given_T(t))
-        t.out.co2.text = " T(LV) = " + numbers::format(a.T, "####.000 K");
+        t.out.co2.text = " T(LV) = " + with_unit(t, Dimension::temperature, a.T, "####.000");
     else if (a.p > constants::kPresent)
-        t.out.co2.text = " p(LV) = " + pressure_by_mask(a.p, "####0.000", " kPa");
+        t.out.co2.text = " p(LV) = " + pressure_with_unit(t, a.p, "####0.000");
 }
 
 /// How the one of T and p that was not given was found, with its value.
@@ -77,25 +83,28 @@ void obtained_line(Teller& t) {
     if (r.obtained.empty()) return;
     std::string words = r.obtained;
     if (words.ends_with(':')) words.pop_back();
-    t.list.value(words + ": ", value32(given_T(t) ? t.answer.p : t.answer.T),
-                 given_T(t) ? " kPa" : " K");
+    const Dimension sought = given_T(t) ? Dimension::pressure : Dimension::temperature;
+    t.list.value(words + ": ", value32(t.units(), sought, given_T(t) ? t.answer.p : t.answer.T),
+                 " " + unit_name(t.units(), sought));
 }
 
 void result_lines(Teller& t) {
     constexpr std::size_t kRule = 70;
-    const double h = *t.answer.hLV * t.units().caloric;
+    const double h = *t.answer.hLV;
     t.list.add("Enthalpy of vaporization from " +
                text::trim(models::hlv_name(t.models().vaporisation)));
     t.list.rule('-', kRule);
-    const std::string s = caloric_number(h / t.answer.T);
-    t.list.value(std::string(labels(t).h) + " = ", caloric_number(h));
-    t.list.add(value_line(std::string("(enthalpy of vapor. delta(LV)s = delta(LV)h / T: ") +
-                              labels(t).s + " = " + s + ")",
-                          quantity_of(labels(t).s), s));
+    const std::string h_label = label_of(t, Dimension::energy),
+                      s_label = label_of(t, Dimension::entropy);
+    const std::string s = caloric_number(t, Dimension::entropy, h / t.answer.T);
+    t.list.value(h_label + " = ", caloric_number(t, Dimension::energy, h));
+    t.list.add(
+        value_line("(enthalpy of vapor. delta(LV)s = delta(LV)h / T: " + s_label + " = " + s + ")",
+                   quantity_of(s_label), s));
     compressibility_lines(t);
     if (const auto& database = t.answer.vaporisation->database)
-        t.list.value(std::string("(cf. function from data base: ") + labels(t).h + " = ",
-                     caloric_number(*database * t.units().caloric));
+        t.list.value("(cf. function from data base: " + h_label + " = ",
+                     caloric_number(t, Dimension::energy, *database));
 }
 
 }  // namespace
@@ -116,13 +125,15 @@ void tell_vaporisation(Teller& t) {
 void tell_virial(Teller& t) {
     constexpr std::size_t kNumberWidth = 16, kNameWidth = 35;
     if (tell_missing(t)) return;
-    t.out.par1.text = temperature_text(t.answer.T);
-    t.list.underlined("Comparison of Virial Coefficients, [B] = m^3/kmol");
+    const models::Units units = listed_units(t.units());
+    const std::string unit = unit_name(units, Dimension::volume);
+    t.out.par1.text = temperature_text(t, t.answer.T);
+    t.list.underlined("Comparison of Virial Coefficients, [B] = " + unit);
     for (const calculation::VirialValue& one : t.answer.virials) {
         const std::string name = text::pad_right(models::eos_name(one.eos), kNameWidth);
-        const std::string value = value32(one.B);
+        const std::string value = value32(units, Dimension::volume, one.B);
         t.list.add(value_line(name + " {B} = " + text::pad_left(value, kNumberWidth),
-                              {text::trim(name) + " B", "m^3/kmol"}, value));
+                              {text::trim(name) + " B", unit}, value));
     }
 }
 
@@ -160,28 +171,40 @@ const FunctionRow& row_of(Task task) {
 }
 
 void density_of_database(Teller& t, const char* label, double rho) {
-    t.list.value(label, value32(rho), " kg/m^3");
+    const models::Units& units = t.units();
+    t.list.value(label, value32(units, Dimension::density, rho),
+                 " " + unit_name(units, Dimension::density));
+    if (has_own_units(units)) {
+        t.list.value("v  /" + unit_name(units, Dimension::volume) + " = ",
+                     value32(units, Dimension::volume, t.M() / rho));
+        return;
+    }
     t.list.value("v  /m^3/kmol = ", numbers::format(t.M() / rho, "##0.000###"));
     t.list.value("v  /m^3/kg   = ", numbers::format(1.0 / rho, "##0.000###"));
 }
 
 void value_of_database(Teller& t, const char* label, double value) {
-    const auto unit = static_cast<std::size_t>(t.units().choice.caloric);
+    const auto told = static_cast<std::size_t>(t.units().choice.caloric);
+    const auto line = [&](Dimension dimension, double shown_value, const char* unit) {
+        t.list.value(label, value32(shown_value),
+                     t.units().has_own(dimension) ? " " + unit_name(t.units(), dimension) : unit);
+    };
     switch (t.request.task) {
         case Task::liquidDensity:
         case Task::solidDensity:
             density_of_database(t, label, value);
             break;
         case Task::vaporisationEquation:
-            t.list.value(label, value32(value * t.units().caloric), kEnergyUnits[unit]);
+            line(Dimension::energy, shown(t.units(), Dimension::energy, value), kEnergyUnits[told]);
             break;
         case Task::idealGasCp:
         case Task::liquidCp:
         case Task::solidCp:
-            t.list.value(label, value32(value * t.units().caloric), kCapacityUnits[unit]);
+            line(Dimension::entropy, shown(t.units(), Dimension::entropy, value),
+                 kCapacityUnits[told]);
             break;
         default:
-            t.list.value(label, value32(value * static_cast<double>(t.units().p)), " kPa");
+            line(Dimension::pressure, computed_pressure(t.units(), value), " kPa");
             break;
     }
 }
@@ -193,14 +216,16 @@ void tell_database_function(Teller& t) {
     const FunctionRow& row = row_of(t.request.task);
     const calculation::Range& range = t.answer.database->range;
     value_of_database(t, row.label, t.answer.database->value);
-    t.out.par1.text = temperature_text(t.answer.T);
+    t.out.par1.text = temperature_text(t, t.answer.T);
     t.out.co1.text =
         " Calculation by using the Database Function " + title_of(t.request.task, {}) + " Fu(T)";
-    t.out.co2.text = temperature_text(t.answer.T);
+    t.out.co2.text = temperature_text(t, t.answer.T);
     if (!range.known()) return;
     t.list.add("The function is valid within the following temperature limits:");
-    t.list.value(" T(Lo)/K = ", std::to_string(range.T_low));
-    t.list.value(" T(Hi)/K = ", std::to_string(range.T_high));
+    const std::string unit = unit_name(t.units(), Dimension::temperature);
+    t.list.value(" T(Lo)/" + unit + " = ", value32(t.units(), Dimension::temperature, range.T_low));
+    t.list.value(" T(Hi)/" + unit + " = ",
+                 value32(t.units(), Dimension::temperature, range.T_high));
 }
 
 }  // namespace quor::report

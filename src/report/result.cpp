@@ -49,6 +49,20 @@ void tell_all(TaskResult& r) {
     r.record = record_of(r.answer);
 }
 
+models::Units possible_units(const models::UnitChoice& choice, const models::Fluid& fluid) {
+    try {
+        return models::make_units(choice, fluid);
+    } catch (const faults::Fault&) {
+        return models::make_units(models::possible_choice(choice, fluid), fluid);
+    }
+}
+
+/// What failed shows no phase, and without its lines nothing to diagnose.
+void forget_state_of_failure(TaskResult& r) {
+    if (r.failed()) r.report.phases = "   ";
+    if (!r.report.fault.empty()) r.report.diagnosis = {};
+}
+
 }  // namespace
 
 ResultRecord record_of(const Answer& a) {
@@ -72,6 +86,23 @@ float fraction_of(const Answer& a) {
     return a.phases.vapour && !a.phases.liquid ? 100.0F : 0.0F;
 }
 
+TaskResult told_in(const TaskResult& result, const models::UnitChoice& choice) {
+    TaskResult told;
+    told.made = result.made;
+    told.request = result.request;
+    told.answer = result.answer;
+    told.data_set = result.data_set;
+    try {
+        told.made.units = possible_units(choice, told.made.fluid);
+        tell_all(told);
+    } catch (const faults::Fault& fault) {
+        told.report.fault = fault.what();
+        told.record = {};
+    }
+    forget_state_of_failure(told);
+    return told;
+}
+
 TaskResult make_result(const models::Fluid& fluid, const models::ReferenceState& reference,
                        const models::UnitChoice& units, const calculation::Request& request) {
     TaskResult r;
@@ -89,8 +120,7 @@ TaskResult make_result(const models::Fluid& fluid, const models::ReferenceState&
         }
         r.record = {};
     }
-    if (r.failed()) r.report.phases = "   ";
-    if (!r.report.fault.empty()) r.report.diagnosis = {};
+    forget_state_of_failure(r);
     return r;
 }
 

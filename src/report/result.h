@@ -51,6 +51,10 @@ struct TaskResult {
 TaskResult make_result(const models::Fluid& fluid, const models::ReferenceState& reference,
                        const models::UnitChoice& units, const calculation::Request& request);
 
+/// The same result in other units: nothing is calculated. Units that the fluid cannot have become
+/// molar ones. Never throws.
+TaskResult told_in(const TaskResult& result, const models::UnitChoice& choice);
+
 /// The boxes that belong to a result.
 std::vector<dialogs::Message> messages(const TaskResult& result, Tell tell);
 

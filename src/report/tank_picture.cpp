@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "common/numbers.h"
+#include "common/single.h"
+#include "report/quantity_text.h"
 
 namespace quor::report {
 
@@ -48,11 +50,26 @@ void tell_content(TankPicture& picture, const TankState& tank) {
         "Filling level " + numbers::format_point(picture.level, "##0.0#") + "vol.-%";
     picture.lower_text = picture.supercritical ? " supercritical" : "  L-phase";
     picture.upper_text = picture.supercritical ? "" : "  V-phase";
-    picture.p_text = "p = " + numbers::format(tank.p, tank.p < kLargePressure ? "###0.0## kPa"
-                                                                              : "######0.0# kPa");
+    picture.p_text = "p = " +
+                     by_mask(tank.units, Dimension::pressure, tank.p,
+                             tank.p < kLargePressure ? "###0.0##" : "######0.0#") +
+                     " " + unit_name(tank.units, Dimension::pressure);
 }
 
 }  // namespace
+
+std::string given_text(const calculation::Tank& tank, const models::Units& units) {
+    const auto line = [&](const char* symbol, Dimension dimension, float value) {
+        const double z = shown(units, dimension, digits_of(value));
+        return symbol +
+               (numbers::fits_single(z) ? numbers::general(static_cast<float>(z))
+                                        : numbers::general(z)) +
+               " " + unit_name(units, dimension);
+    };
+    return line("V = ", Dimension::tankVolume, tank.V) + '\n' +
+           line("m = ", Dimension::mass, tank.m) + '\n' +
+           line("T = ", Dimension::temperature, tank.T);
+}
 
 TankState tank_state_of(const TaskResult& result) {
     const calculation::Answer& a = result.answer;
@@ -61,7 +78,8 @@ TankState tank_state_of(const TaskResult& result) {
                     .Tcrit = result.made.fluid.substance().Tcrit,
                     .p = 0,
                     .level = 0,
-                    .reason = a.reason};
+                    .reason = a.reason,
+                    .units = result.made.units};
     // Without a failure of its own: a number of the result that cannot be written.
     if (a.ok() && (result.failed() || !a.tank)) state.reason = Reason::arithmetic;
     if (state.reason != Reason::none) return state;

@@ -13,7 +13,10 @@ struct TankState {
     double p = 0;                                            ///< kPa
     double level = 0;                                        ///< filling level, per cent by volume
     calculation::Reason reason = calculation::Reason::none;  ///< why there is no result
+    models::Units units{};                                   ///< of the result
 };
+/// "V = 0.5 m^3" and so on: what a tank was calculated from.
+std::string given_text(const calculation::Tank& tank, const models::Units& units);
 /// The tank of a result.
 TankState tank_state_of(const TaskResult& result);
 

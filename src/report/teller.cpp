@@ -1,22 +1,38 @@
 #include "report/teller.h"
 
-#include "common/numbers.h"
-
 namespace quor::report {
 
 using calculation::Phase;
 using calculation::Reason;
 
-std::string temperature_text(double T) {
-    return "T = " + numbers::format(T, "###0.000 K");
+std::string with_unit(const Teller& t, Dimension dimension, double value, std::string_view mask) {
+    return by_mask(t.units(), dimension, value, mask) + " " + unit_name(t.units(), dimension);
 }
 
-std::string pressure_text(double p) {
-    return "p = " + pressure_by_mask(p, "####0.000", " kPa");
+std::string temperature_text(const Teller& t, double T) {
+    return "T = " + with_unit(t, Dimension::temperature, T, "###0.000");
 }
 
-std::string density_text(double rho) {
-    return "rho = " + numbers::format(rho, "###0.0###") + " kg/m^3";
+std::string pressure_text(const Teller& t, double p) {
+    return "p = " + pressure_with_unit(t, p, "####0.000");
+}
+
+std::string density_text(const Teller& t, double rho) {
+    return "rho = " + with_unit(t, Dimension::density, rho, "###0.0###");
+}
+
+std::string pressure_with_unit(const Teller& t, double p, std::string_view mask) {
+    return pressure_by_mask(t.units(), p, mask) + " " + unit_name(t.units(), Dimension::pressure);
+}
+
+std::string density_label(const Teller& t) {
+    return label_field("rho/ (" + unit_name(t.units(), Dimension::density) + ")");
+}
+
+std::string volume_label(const Teller& t) {
+    if (t.units().has_own(Dimension::volume))
+        return label_field("v/ (" + unit_name(t.units(), Dimension::volume) + ")");
+    return "v/ (" + t.units().v_label + ")  = ";
 }
 
 std::string error_code() {
@@ -48,16 +64,17 @@ bool tell_missing(Teller& t) {
 }
 
 void density_lines(Teller& t) {
-    const auto density = [](const std::optional<Phase>& phase) {
-        return phase && phase->rho > 0.0 ? value32(*phase->rho) : std::string();
+    const auto density = [&](const std::optional<Phase>& phase) {
+        return phase && phase->rho > 0.0 ? value32(t.units(), Dimension::density, *phase->rho)
+                                         : std::string();
     };
     const auto volume = [&](const std::optional<Phase>& phase) {
-        return phase && phase->v > 0.0 ? value32(*phase->v * t.units().v) : std::string();
+        return phase && phase->v > 0.0 ? value32(t.units(), Dimension::volume, *phase->v)
+                                       : std::string();
     };
     const calculation::Phases& phases = t.answer.phases;
-    t.list.row("density", "rho/ (kg/m^3)  = ", {density(phases.liquid), density(phases.vapour)});
-    t.list.row("Volume", "v/ (" + t.units().v_label + ")  = ",
-               {volume(phases.liquid), volume(phases.vapour)});
+    t.list.row("density", density_label(t), {density(phases.liquid), density(phases.vapour)});
+    t.list.row("Volume", volume_label(t), {volume(phases.liquid), volume(phases.vapour)});
 }
 
 }  // namespace quor::report

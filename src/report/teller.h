@@ -1,6 +1,8 @@
 #pragma once
 
+#include "report/function_values.h"
 #include "report/list_layout.h"
+#include "report/quantity_text.h"
 #include "report/report.h"
 
 /// Inside of `report`: the report that grows, and the parts that several tasks share.
@@ -23,9 +25,16 @@ struct Teller {
 
 // Texts.
 
-std::string temperature_text(double T);  ///< "T = 300.000 K"
-std::string pressure_text(double p);     ///< "p = 101.325 kPa"
-std::string density_text(double rho);    ///< "rho = 1.25 kg/m^3"
+/// A value by a mask with its unit behind it: "300.000 K".
+std::string with_unit(const Teller& t, Dimension dimension, double value, std::string_view mask);
+std::string temperature_text(const Teller& t, double T);  ///< "T = 300.000 K"
+std::string pressure_text(const Teller& t, double p);     ///< "p = 101.325 kPa"
+std::string density_text(const Teller& t, double rho);    ///< "rho = 1.25 kg/m^3"
+/// "1.25 kPa": by a mask, a small one as a 32-bit value.
+std::string pressure_with_unit(const Teller& t, double p, std::string_view mask);
+/// Label of a density and a volume in the list: "v/ (m^3/kmol)  = ".
+std::string density_label(const Teller& t);
+std::string volume_label(const Teller& t);
 /// " (E-1)" for a solver's status.
 std::string error_code();
 
@@ -38,11 +47,14 @@ void density_lines(Teller& t);
 
 /// The table of eleven functions with a column for each phase.
 void function_table(Teller& t, const calculation::FunctionPair& pair);
-/// Label of a caloric quantity in a caloric unit: "h/ (kJ/kmol) " and the like.
-const char* caloric_label(calculation::Function function, models::CaloricUnit unit);
+/// Label of a caloric quantity in its unit: "h/ (kJ/kmol) " and the like.
+std::string caloric_label(const models::Units& units, calculation::Function function);
 
 /// Tells which functions are missing and why.
 void tell_missing_functions(Teller& t, const calculation::FunctionPair& pair);
+/// A vapour pressure of the database in the unit of a result, in reduced units divided by the
+/// critical one.
+double computed_pressure(const models::Units& units, double p);
 /// A function in the units of a result, if it is known.
 std::optional<double> scaled(const models::Units& units, const calculation::FunctionValues& values,
                              calculation::Function function);

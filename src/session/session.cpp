@@ -23,7 +23,19 @@ const models::Fluid& Session::fluid() const {
 }
 
 void Session::end_change() {
-    if (--changing_ == 0) listeners_.tell();
+    if (--changing_ > 0) return;
+    tell_in_present_units();
+    listeners_.tell();
+}
+
+// Nothing is calculated: the numbers of the answer do not depend on the units.
+void Session::tell_in_present_units() {
+    const models::UnitChoice present = unit_choice(state_);
+    if (present == told_in_) return;
+    told_in_ = present;
+    report::TaskResult& current = state_.results.current;
+    if (current.answer.task != calculation::Task::none && current.made.units.choice != present)
+        current = report::told_in(current, present);
 }
 
 void Session::begin_busy() {

@@ -28,7 +28,8 @@ class Session {
     const models::Fluid& fluid() const;
 
     /// A change of the state. It lasts as long as the object; changes may nest, and the listeners
-    /// are told once, when the outermost has ended.
+    /// are told once, when the outermost has ended. After a change of the units the current result
+    /// is told in them.
     class Change {
       public:
         explicit Change(Session& session) : session_(session) { ++session_.changing_; }
@@ -55,10 +56,12 @@ class Session {
 
   private:
     void end_change();
+    void tell_in_present_units();
 
     Places places_;
     SessionState state_;
     mutable models::Fluid fluid_;  ///< of the state as it was asked for last
+    models::UnitChoice told_in_;   ///< what the current result is told in
     Listeners listeners_;
     int changing_ = 0, busy_ = 0;
 };

@@ -5,43 +5,28 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "common/numbers.h"
-#include "common/text.h"
 #include "gui/calculation/isotherm_plot.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/print_page.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "models/model_tables.h"
+#include "models/unit_text.h"
 #include "report/diagnosis.h"
+#include "report/quantity_text.h"
 
 namespace quor::gui {
 
 namespace {
 
-// General format of a 32-bit value: enough digits for a reader.
-QString shown(double value) {
-    return qt(numbers::general(static_cast<float>(value)));
-}
-
-QString stateText(const models::Fluid& fluid, const report::Diagnosis& d) {
-    if (d.roots.empty()) return {};
-    return qt(text::trim(models::eos_name(fluid.models().eos))) + ",  T = " + shown(d.T) +
-           " K,  p = " + shown(d.p) + " kPa";
-}
-
-QString legendText(const report::Diagnosis& d) {
-    if (d.roots.empty()) return {};
-    const QString marks = "dashed: p; full mark: stable root; empty mark: unstable or metastable";
-    if (!(d.saturation_pressure > 0)) return marks;
-    return marks + "\ndotted: p(LV) = " + shown(d.saturation_pressure) +
-           " kPa, which makes the two coloured areas equal";
+// Units with superscripts, where they are of the user's choice.
+QString pretty(const models::Units& units, const std::string& text) {
+    return qt(report::has_own_units(units) ? models::pretty_unit(text) : text);
 }
 
 }  // namespace
 
 DiagnosisView::DiagnosisView(Desk& desk, QWidget* parent)
-    : ChildView(desk, "frmCEOSDiagnose", parent) {
+    : ChildView(desk, "frmCEOSDiagnose", parent), FollowsSession(desk.session()) {
     setWindowIcon(theme::icon("calculate"));
     state_ = form::named(form::label(), "lblState");
     plot_ = new IsothermPlot;
@@ -90,18 +75,24 @@ void DiagnosisView::print() {
                     window());
 }
 
+void DiagnosisView::followSession() {
+    if (session_->results.current.made.units != units_) open();
+}
+
 void DiagnosisView::open() {
     const report::TaskResult& result = session_->results.current;
-    const report::Diagnosis diagnosis = report::diagnose(result.made.fluid, result.answer.last);
+    units_ = result.made.units;
+    const report::Diagnosis diagnosis =
+        report::diagnose(result.made.fluid, result.answer.last, units_);
     setWindowTitle(form::titleOf(qt(diagnosis.title)));
-    state_->setText(stateText(result.made.fluid, diagnosis));
-    legend_->setText(legendText(diagnosis));
+    state_->setText(pretty(units_, diagnosis.state));
+    legend_->setText(pretty(units_, diagnosis.legend));
     plot_->showDiagnosis(diagnosis);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const bool there = i < diagnosis.roots.size();
         const report::RootRow root = there ? diagnosis.roots[i] : report::RootRow{};
         rows_[i].caption->setText(qt(root.caption));
-        rows_[i].value->setText(qt(root.value));
+        rows_[i].value->setText(pretty(units_, root.value));
         rows_[i].note->setText(qt(root.note));
         for (QLabel* label : {rows_[i].caption, rows_[i].value, rows_[i].note})
             label->setVisible(there);

@@ -3,6 +3,8 @@
 #include <array>
 
 #include "gui/widgets/child_view.h"
+#include "gui/widgets/follows_session.h"
+#include "models/units.h"
 
 class QLabel;
 
@@ -11,7 +13,7 @@ namespace quor::gui {
 class IsothermPlot;
 
 /// The solutions of the cubic equation of state at the last T and p: the isotherm and its roots.
-class DiagnosisView : public ChildView {
+class DiagnosisView : public ChildView, public FollowsSession {
     Q_OBJECT
 
   public:
@@ -19,6 +21,8 @@ class DiagnosisView : public ChildView {
 
     /// Shows the last state.
     void open();
+    /// Tells it in the present units.
+    void followSession() override;
 
   private:
     void print();
@@ -30,6 +34,7 @@ class DiagnosisView : public ChildView {
         QLabel* note = nullptr;
     };
 
+    models::Units units_;  ///< of the state in view
     IsothermPlot* plot_ = nullptr;
     QLabel* state_ = nullptr;
     QLabel* legend_ = nullptr;

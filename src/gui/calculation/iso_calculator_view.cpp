@@ -12,12 +12,13 @@
 #include <array>
 
 #include "common/dialogs.h"
-#include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
+#include "models/unit_text.h"
+#include "report/quantity_text.h"
 #include "session/calculations.h"
 
 namespace quor::gui {
@@ -32,10 +33,9 @@ constexpr const char* kFunctions[] = {"Volume V",         "Enthalpy H",        "
                                       "Gibbs Function G", "Internal Energy U", "Helmholtz Fu. A",
                                       "Exergy E(H)",      "Exergy E(U)"};
 
-QString stateText(const report::IsoCalculator& iso) {
-    return QString("Last state: T = %1 K,  p = %2 kPa")
-        .arg(qt(numbers::general(static_cast<float>(iso.last_T()))),
-             qt(numbers::general(static_cast<float>(iso.last_p()))));
+// Units with superscripts, where they are of the user's choice.
+QString pretty(const report::IsoCalculator& iso, const std::string& text) {
+    return qt(report::has_own_units(iso.units()) ? models::pretty_unit(text) : text);
 }
 
 }  // namespace
@@ -73,7 +73,36 @@ void IsoCalculatorView::open(const calculation::ProcessPoint& start) {
     givenValue_->setFocus();
 }
 
+// What was typed is converted by its field; what the calculator itself has written is written anew.
+void IsoCalculatorView::followUnits() {
+    const models::UnitChoice present = session::unit_choice(session_.state());
+    if (iso_.units().choice == present) return;
+    struct Field {
+        NumberEdit* edit;
+        std::string* text;
+        std::string before = *text;
+        bool untouched = edit->text() == qt(before);
+    };
+    std::array fields = {Field{constant_, &iso_.constant_text},
+                         Field{givenValue_, &iso_.given_text}};
+    iso_.tell_in(present);
+    setQuantities();
+    for (const Field& field : fields)
+        if (!field.untouched || *field.text == field.before)
+            *field.text = field.edit->text().toStdString();
+    follow();
+}
+
+void IsoCalculatorView::setQuantities() {
+    const auto set = [&](NumberEdit* edit, models::Dimension dimension) {
+        edit->setQuantity(dimension, iso_.units().of(dimension), iso_.last().made.fluid);
+    };
+    set(constant_, report::iso_dimension(iso_.function));
+    set(givenValue_, iso_.given_dimension());
+}
+
 void IsoCalculatorView::followSession() {
+    followUnits();
     if (session::is_out_of_date(session_, iso_.last())) open({iso_.last_T(), iso_.last_p()});
 }
 
@@ -188,20 +217,20 @@ QLayout* IsoCalculatorView::buildButtons() {
 }
 
 void IsoCalculatorView::follow() {
+    setQuantities();
     constantLabel_->setText(qt(iso_.constant_label));
     constant_->setText(qt(iso_.constant_text));
-    givenLabel_->setText(qt(iso_.given_label));
+    givenLabel_->setText(pretty(iso_, iso_.given_label));
     givenValue_->setText(qt(iso_.given_text));
-    soughtLabel_->setText(qt(iso_.sought_label));
+    soughtLabel_->setText(pretty(iso_, iso_.sought_label));
     sought_->setText(qt(iso_.sought_text));
-    state_->setText(stateText(iso_));
+    state_->setText(pretty(iso_, iso_.state_text()));
 }
 
 void IsoCalculatorView::calculate() {
     if (markWrongNumber(std::array{constant_, givenValue_}, false)) return;
     const session::BusyPointer busy(session_);
-    if (iso_.calculate(constant_->text().toStdString(), givenValue_->text().toStdString()))
-        showState();
+    if (iso_.calculate(constant_->numberText(), givenValue_->numberText())) showState();
     follow();
 }
 

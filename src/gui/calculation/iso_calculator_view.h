@@ -28,7 +28,8 @@ class IsoCalculatorView : public ChildView, public FollowsSession {
     /// Starts anew from the state at T and p.
     void open(const calculation::ProcessPoint& start);
 
-    /// Calculates the last state anew when the fluid, the units or the reference state changed.
+    /// Calculates the last state anew when the fluid or the reference state changed, and tells it
+    /// in the present units.
     void followSession() override;
 
   private:
@@ -38,6 +39,8 @@ class IsoCalculatorView : public ChildView, public FollowsSession {
     QLayout* buildFields();
     QLayout* buildButtons();
     void follow();
+    void followUnits();
+    void setQuantities();
     void calculate();
     void reset();
     void showState();

@@ -6,6 +6,7 @@
 
 #include "common/numbers.h"
 #include "gui/widgets/theme.h"
+#include "models/unit_text.h"
 
 namespace quor::gui {
 
@@ -45,6 +46,14 @@ std::vector<double> logarithmicTicks(double low, double high) {
 
 QString tickText(double value) {
     return QString::fromStdString(numbers::general(static_cast<float>(value)));
+}
+
+// "v/(m^3/kmol)"; in the default unit as it has always been written.
+QString axisTitle(const char* symbol, const models::Scale& scale, const char* usual) {
+    const std::string name =
+        scale.name == usual ? std::string(scale.name) : models::pretty_unit(scale.name);
+    const bool compound = name.find('/') != std::string::npos;
+    return QString(compound ? "%1/(%2)" : "%1/%2").arg(symbol, QString::fromStdString(name));
 }
 
 struct Colours {
@@ -88,10 +97,23 @@ bool IsothermPlot::isLogarithmic() const {
     return !diagnosis_.isotherm.empty() && vLast() / vFirst() > kLogarithmicFrom;
 }
 
+// In the unit of the axis, as all ticks.
+std::vector<double> IsothermPlot::pressureTicks() const {
+    const models::Scale& axis = diagnosis_.p_axis;
+    return linearTicks(axis.shown(diagnosis_.p_min), axis.shown(diagnosis_.p_max), kPressureTicks);
+}
+
+QString IsothermPlot::volumeTitle() const {
+    return axisTitle("v", diagnosis_.v_axis, "m^3/kmol");
+}
+QString IsothermPlot::pressureTitle() const {
+    return axisTitle("p", diagnosis_.p_axis, "kPa");
+}
+
 QRectF IsothermPlot::area() const {
     const QFontMetrics metrics = fontMetrics();
     double left = 0;
-    for (const double p : linearTicks(diagnosis_.p_min, diagnosis_.p_max, kPressureTicks))
+    for (const double p : pressureTicks())
         left = std::max(left, static_cast<double>(metrics.horizontalAdvance(tickText(p))));
     left += 2 * theme::kGap + kTickLength + metrics.lineSpacing();
     const double bottom = 2.0 * metrics.lineSpacing() + 2 * theme::kGap + kTickLength;
@@ -123,8 +145,8 @@ void IsothermPlot::paintAxes(QPainter& painter) const {
     grid.setAlpha(40);
     const QColor text = palette().color(QPalette::Text);
 
-    for (const double p : linearTicks(diagnosis_.p_min, diagnosis_.p_max, kPressureTicks)) {
-        const double y = place(vFirst(), p).y();
+    for (const double p : pressureTicks()) {
+        const double y = place(vFirst(), diagnosis_.p_axis.value(p)).y();
         painter.setPen(grid);
         painter.drawLine(QPointF(in.left(), y), QPointF(in.right(), y));
         painter.setPen(text);
@@ -133,12 +155,13 @@ void IsothermPlot::paintAxes(QPainter& painter) const {
                          metrics.height());
         painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tickText(p));
     }
-    const std::vector<double> volumes = isLogarithmic()
-                                            ? logarithmicTicks(vFirst(), vLast())
-                                            : linearTicks(vFirst(), vLast(), kVolumeTicks);
+    const models::Scale& v_axis = diagnosis_.v_axis;
+    const double first = v_axis.shown(vFirst()), last = v_axis.shown(vLast());
+    const std::vector<double> volumes =
+        isLogarithmic() ? logarithmicTicks(first, last) : linearTicks(first, last, kVolumeTicks);
     double free = in.left();
     for (const double v : volumes) {
-        const double x = place(v, diagnosis_.p_min).x();
+        const double x = place(v_axis.value(v), diagnosis_.p_min).x();
         painter.setPen(grid);
         painter.drawLine(QPointF(x, in.top()), QPointF(x, in.bottom()));
         painter.setPen(text);
@@ -152,16 +175,16 @@ void IsothermPlot::paintAxes(QPainter& painter) const {
     }
     painter.setPen(text);
     painter.drawRect(in);
-    painter.drawText(QRectF(in.left(), height() - metrics.lineSpacing() - 2.0, in.width(),
-                            metrics.lineSpacing()),
-                     Qt::AlignCenter,
-                     isLogarithmic() ? "v/(m^3/kmol), logarithmic: the areas are equal in p and v"
-                                     : "v/(m^3/kmol)");
+    painter.drawText(
+        QRectF(in.left(), height() - metrics.lineSpacing() - 2.0, in.width(),
+               metrics.lineSpacing()),
+        Qt::AlignCenter,
+        volumeTitle() + (isLogarithmic() ? ", logarithmic: the areas are equal in p and v" : ""));
     painter.save();
     painter.translate(theme::kGap / 2.0, in.center().y());
     painter.rotate(-90.0);
     painter.drawText(QRectF(-in.height() / 2, 0, in.height(), metrics.lineSpacing()),
-                     Qt::AlignCenter, "p/kPa");
+                     Qt::AlignCenter, pressureTitle());
     painter.restore();
 }
 

@@ -21,6 +21,11 @@ class IsothermPlot : public QWidget {
 
     /// True when the volume axis is logarithmic: where the V volume is far from the L volume.
     bool isLogarithmic() const;
+    /// Titles of the axes, in the units of the diagnosis: "v/(m^3/kmol)".
+    QString volumeTitle() const;
+    QString pressureTitle() const;
+    /// The numbers at the axis of the pressure, in its unit.
+    std::vector<double> pressureTicks() const;
     /// The place of a point of the isotherm in the widget.
     QPointF place(double v, double p) const;
     /// The area within the axes.

@@ -16,7 +16,9 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
+#include "models/unit_text.h"
 #include "report/protocol.h"
+#include "report/quantity_text.h"
 #include "report/titles.h"
 #include "session/calculations.h"
 
@@ -71,8 +73,16 @@ void ResultView::open() {
 }
 
 void ResultView::showResult() {
+    showTexts();
+    follow();
+    followSession();
+    commands_.refreshDiagnosis();
+}
+
+void ResultView::showTexts() {
     const report::TaskResult& result = session_->results.current;
     const report::Report& told = result.report;
+    units_ = result.made.units;
     setWindowTitle(qt(report::caption_of(result.request.task, result.request.method)));
     show(par1_, told.par1);
     show(par2_, told.par2);
@@ -80,14 +90,15 @@ void ResultView::showResult() {
     show(co2_, told.co2);
     list_->showReport(told);
     head_->showCaptions(told);
-    follow();
-    followSession();
-    commands_.refreshDiagnosis();
 }
 
 void ResultView::followSession() {
     const QString mark = "Outdated: of ";
     const report::TaskResult& result = session_->results.current;
+    if (result.made.units != units_) {
+        showTexts();
+        follow();
+    }
     if (session::is_out_of_date(session_, result))
         status_->setText(mark + qt(report::name_of(result.made)));
     else if (status_->text().startsWith(mark))
@@ -112,8 +123,9 @@ ResultView::ResultLine ResultView::resultLine(const QString& name) {
     return line;
 }
 
-void ResultView::show(const ResultLine& line, const report::TextField& field) {
-    line.text->setText(qt(field.text));
+void ResultView::show(const ResultLine& line, const report::TextField& field) const {
+    line.text->setText(
+        qt(report::has_own_units(units_) ? models::pretty_unit(field.text) : field.text));
     line.sign->setVisible(needsSign(field));
     QFont font = line.box->font();
     font.setBold(field.bold);

@@ -38,7 +38,8 @@ class ResultView : public ChildView, public FollowsSession {
     void open();
     /// Shows the current result.
     void showResult();
-    /// Marks a result that does not stand for the present fluid, models, units or reference state.
+    /// Marks a result that does not stand for the present fluid, models or reference state; one in
+    /// other units is shown in the present ones.
     void followSession() override;
 
   protected:
@@ -54,7 +55,7 @@ class ResultView : public ChildView, public FollowsSession {
     };
 
     ResultLine resultLine(const QString& name);
-    static void show(const ResultLine& line, const report::TextField& field);
+    void show(const ResultLine& line, const report::TextField& field) const;
 
     QWidget* buildSpecification();
     QWidget* buildExtended();
@@ -63,6 +64,7 @@ class ResultView : public ChildView, public FollowsSession {
     QLayout* buildButtons();
     void arrange();
 
+    void showTexts();
     void follow();
     void followProtocol();
     void step(void (*to)(session::Session&));
@@ -73,6 +75,7 @@ class ResultView : public ChildView, public FollowsSession {
 
     ResultCommands commands_;
     report::ResultView view_;
+    models::Units units_;  ///< of the result in view
     ResultLine par1_, par2_, co1_, co2_;
     ResultList* list_ = nullptr;
     PhaseHead* head_ = nullptr;

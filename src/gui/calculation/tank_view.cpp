@@ -7,13 +7,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "common/numbers.h"
 #include "gui/calculation/tank_drawing.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
 #include "gui/widgets/print_page.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
+#include "models/unit_text.h"
+#include "report/quantity_text.h"
 #include "report/tank_picture.h"
 
 namespace quor::gui {
@@ -28,15 +29,15 @@ void setColour(QLabel* swatch, const QColor& colour) {
     swatch->setPixmap(picture);
 }
 
-QString givenValues(const calculation::Tank& tank) {
-    return QString("V = %1 m^3\nm = %2 kg\nT = %3 K")
-        .arg(qt(numbers::general(tank.V)), qt(numbers::general(tank.m)),
-             qt(numbers::general(tank.T)));
+// Units with superscripts, where they are of the user's choice.
+QString pretty(const models::Units& units, const std::string& text) {
+    return qt(report::has_own_units(units) ? models::pretty_unit(text) : text);
 }
 
 }  // namespace
 
-TankView::TankView(Desk& desk, QWidget* parent) : ChildView(desk, "frmKessel", parent) {
+TankView::TankView(Desk& desk, QWidget* parent)
+    : ChildView(desk, "frmKessel", parent), FollowsSession(desk.session()) {
     setWindowIcon(theme::icon("tank"));
     frame_ = form::frame({}, "fraTank");
     drawing_ = new TankDrawing;
@@ -101,7 +102,7 @@ QWidget* TankView::buildLegend() {
 }
 
 void TankView::print() {
-    const report::Report& told = session_->results.current.report;
+    const report::Report& told = result_.report;
     printing::print(printing::pageWith([this](QPainter& painter) { drawing_->paint(painter); },
                                        drawing_->size(), windowTitle(),
                                        qt(report::head_as_text(told)) + '\n' + form::textOf(this)),
@@ -109,16 +110,28 @@ void TankView::print() {
 }
 
 void TankView::open() {
-    const report::TaskResult& result = session_->results.current;
-    const report::TankPicture picture = report::describe_tank(report::tank_state_of(result));
+    result_ = session_->results.current;
+    showTank();
+}
+
+void TankView::followSession() {
+    const models::UnitChoice present = session::unit_choice(session_.state());
+    if (result_.made.units.choice == present) return;
+    result_ = report::told_in(result_, present);
+    showTank();
+}
+
+void TankView::showTank() {
+    const models::Units& units = result_.made.units;
+    const report::TankPicture picture = report::describe_tank(report::tank_state_of(result_));
     setWindowTitle(form::titleOf(qt(picture.title)));
     frame_->setTitle(form::captionOf(qt(picture.caption)));
     drawing_->showPicture(picture);
     level_->setText(qt(picture.level_text));
-    pressure_->setText(qt(picture.p_text));
+    pressure_->setText(pretty(units, picture.p_text));
     hint_->setText(qt(picture.hint));
     hint_->setVisible(!picture.hint.empty());
-    given_->setText(givenValues(result.request.tank));
+    given_->setText(pretty(units, report::given_text(result_.request.tank, units)));
 
     QPalette colours;
     if (picture.error) colours.setColor(QPalette::WindowText, theme::errorColour());
