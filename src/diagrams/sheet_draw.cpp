@@ -7,6 +7,7 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/fluid_window.h"
 #include "diagrams/process_line.h"
 #include "diagrams/sheet_delete.h"
@@ -219,10 +220,12 @@ void take_fluid_window(DiagramSheet& sheet, const Pen& pen) {
         return;
     try {
         const Basis basis = in_units_of(sheet, pen.basis);
-        const auto window = fluid_window(*sheet.request.diagram, basis, proposed);
+        const AxisScales scales = shown_scales(*sheet.request.diagram, basis);
+        const auto window =
+            fluid_window(*sheet.request.diagram, basis, scales.computed(proposed));
         if (!window) return;
-        sheet.request.window = *window;
-        show_window(sheet, as_chart_window(*window));
+        sheet.request.window = scales.shown(*window);
+        show_window(sheet, as_chart_window(sheet.request.window));
     } catch (const faults::Fault&) {
         // Drawing the curve tells why there are no values.
     }
