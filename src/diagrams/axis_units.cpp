@@ -207,7 +207,8 @@ std::optional<AxisScale> conversion(const Diagram* row, Axis axis, const UnitCho
                 liquid_volume_is_specific(from) == liquid_volume_is_specific(to);
     for (const Dimension dimension : dimensions_of(axis)) same = same && same_unit(dimension);
     if (same) return AxisScale{};
-    const auto before = axis_scale(row, axis, from, fluid), after = axis_scale(row, axis, to, fluid);
+    const auto before = axis_scale(row, axis, from, fluid),
+               after = axis_scale(row, axis, to, fluid);
     if (!before || !after) return std::nullopt;
     const double factor = after->factor / before->factor;
     return AxisScale{factor, after->zero - before->zero * factor};
@@ -280,6 +281,19 @@ std::string behind_symbol(const std::string& symbol, const std::string& unit) {
 
 }  // namespace
 
+std::optional<Unit> plain_unit_of(const Diagram* row, Axis axis, const UnitChoice& choice) {
+    const bool is_product = axis == Axis::pv || axis == Axis::inverseT ||
+                            axis == Axis::inverseTSlope || axis == Axis::lnp ||
+                            axis == Axis::dlnp || axis == Axis::jouleThomson;
+    const auto dimensions = dimensions_of(axis);
+    if (is_product || dimensions.size() == 0) return std::nullopt;
+    UnitChoice shown = choice;
+    if (is_liquid_volume(row, axis) && !has_own_unit(axis, choice))
+        shown.system = liquid_volume_is_specific(choice) ? UnitSystem::specific : UnitSystem::molar;
+    const Unit& unit = unit_of(shown, *dimensions.begin());
+    return unit.per == Per::RT ? std::nullopt : std::optional(unit);
+}
+
 std::string own_axis_text(Axis axis, const UnitChoice& choice) {
     using enum Dimension;
     // Quotients and logarithms are told in K and kPa in every system.
@@ -287,8 +301,9 @@ std::string own_axis_text(Axis axis, const UnitChoice& choice) {
                       p = is_own(choice, pressure) ? absolute_name(choice) : "kPa";
     switch (axis) {
         case Axis::T:
-            return is_critical(choice, temperature) ? "T / T(cr)"
-                                                    : behind_symbol("T", name_of(choice, temperature));
+            return is_critical(choice, temperature)
+                       ? "T / T(cr)"
+                       : behind_symbol("T", name_of(choice, temperature));
         case Axis::p:
             return is_critical(choice, pressure) ? "p / p(cr)"
                                                  : behind_symbol("p", name_of(choice, pressure));
@@ -310,8 +325,9 @@ std::string own_axis_text(Axis axis, const UnitChoice& choice) {
             break;
     }
     const auto dimensions = dimensions_of(axis);
-    return dimensions.size() == 0 ? std::string()
-                                  : behind_symbol(axis_symbol(axis), name_of(choice, *dimensions.begin()));
+    return dimensions.size() == 0
+               ? std::string()
+               : behind_symbol(axis_symbol(axis), name_of(choice, *dimensions.begin()));
 }
 
 namespace {

@@ -49,6 +49,11 @@ struct AxisScales {
 };
 AxisScales shown_scales(const Diagram& diagram, const Basis& basis);
 
+/// The unit of an axis that shows one quantity, own or of the computation; nothing for logarithms,
+/// products, quotients and units on R T.
+std::optional<models::Unit> plain_unit_of(const Diagram* row, Axis axis,
+                                          const models::UnitChoice& choice);
+
 /// Text of an axis with a unit of its own, such as "p / bar(g)" or "ln(p/psi)".
 std::string own_axis_text(Axis axis, const models::UnitChoice& choice);
 

@@ -123,8 +123,12 @@ std::string validity_text(const Diagram& row, const Basis& basis, const Validity
     const bool said_by_suffix = row.database == DatabaseFunction::densityLiquid ||
                                 row.database == DatabaseFunction::volumeLiquid;
     if (!said_by_suffix) text += ", validity T = ";
-    return text + numbers::general(static_cast<float>(validity.low)) + " ..." +
-           numbers::general(static_cast<float>(validity.high)) + " K";
+    const models::Scale* own = own_scale(Parameter::T, basis.units);
+    const auto shown = [own](double T) {
+        return numbers::general(static_cast<float>(own ? own->shown(T) : T));
+    };
+    return text + shown(validity.low) + " ..." + shown(validity.high) + " " +
+           (own ? std::string(own->name) : "K");
 }
 
 std::string sub_title_of(const Diagram& row, const Basis& basis, const Validity& validity) {
@@ -142,14 +146,6 @@ std::string sub_title_of(const Diagram& row, const Basis& basis, const Validity&
             break;
     }
     return name + ",  " + model_name(row, basis.fluid) + std::string(row.suffix);
-}
-
-/// The volume of the database equation is molar or specific, never reduced.
-std::string axis_text_of(const Diagram& row, Axis axis, const models::UnitChoice& units) {
-    if (row.database == DatabaseFunction::volumeLiquid && axis == Axis::v &&
-        !has_own_unit(axis, units))
-        return std::string(kVolumeTexts[liquid_volume_is_specific(units) ? 1 : 0]);
-    return axis_text(axis, units);
 }
 
 /// The functions of the database and the slope of the vapour pressure are no states of the fluid.
@@ -195,6 +191,13 @@ std::string axis_text(Axis axis, const models::UnitChoice& units) {
                                      : std::string(computed_axis_text(axis, units));
 }
 
+std::string axis_text_in(const Diagram& row, Axis axis, const models::UnitChoice& units) {
+    if (row.database == DatabaseFunction::volumeLiquid && axis == Axis::v &&
+        !has_own_unit(axis, units))
+        return std::string(kVolumeTexts[liquid_volume_is_specific(units) ? 1 : 0]);
+    return axis_text(axis, units);
+}
+
 std::string axis_symbol(Axis axis) {
     const std::string title = axis_text(axis, {});
     return text::trim(text::replace_all(title.substr(0, title.find(" / ")), "/kPa", ""));
@@ -218,7 +221,7 @@ std::optional<models::UnitChoice> units_by_texts(const Diagram& row, const std::
     for (const models::UnitSet& set : models::unit_sets()) sets.push_back(set.choice);
     const auto has_text = [&row](Axis axis, const models::UnitChoice& units,
                                  const std::string& text) {
-        return text::trim(axis_text_of(row, axis, units)) == text;
+        return text::trim(axis_text_in(row, axis, units)) == text;
     };
     for (const models::UnitChoice& units : sets)
         if (has_text(row.x, units, x) && has_text(row.y, units, y)) return units;
@@ -252,7 +255,7 @@ std::string model_name(const Diagram& diagram, const models::Fluid& fluid) {
 DiagramTexts texts_of(const Diagram& diagram, const Basis& basis, const Validity& validity) {
     const models::UnitChoice& units = basis.units.choice;
     return {title_of(diagram, basis), sub_title_of(diagram, basis, validity),
-            axis_text_of(diagram, diagram.x, units), axis_text_of(diagram, diagram.y, units)};
+            axis_text_in(diagram, diagram.x, units), axis_text_in(diagram, diagram.y, units)};
 }
 
 OpeningAnswer opening_answer(const Diagram& diagram, const models::Fluid& fluid) {

@@ -175,6 +175,9 @@ bool shows(const Diagram& diagram, Axis quantity);
 /// Text of an axis in units.
 std::string axis_text(Axis axis, const models::UnitChoice& units);
 
+/// The same of an axis of a diagram: the volume of a function of the database is never reduced.
+std::string axis_text_in(const Diagram& row, Axis axis, const models::UnitChoice& units);
+
 /// What an axis shows, without its unit: "p", "ln(p)".
 std::string axis_symbol(Axis axis);
 

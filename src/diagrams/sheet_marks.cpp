@@ -152,6 +152,10 @@ void clear_lines(DiagramSheet& sheet) {
 
 }  // namespace
 
+bool is_far(float value) {
+    return value == kFarT || value == kFarP || value == kFarV;
+}
+
 bool offers_mark(const DiagramSheet& sheet, Mark mark) {
     const Diagram* diagram = sheet.request.diagram;
     if (diagram == nullptr) return false;
@@ -281,9 +285,8 @@ bool mark_covolume(DiagramSheet& sheet, const Pen& pen) {
     const bool density = of_volume == Direction::None;
     const Direction direction = density ? direction_of_rho(sheet) : of_volume;
     const double value = density ? basis->M() / b : b * basis->v_factor();
-    add_line(
-        sheet, direction,
-        {marker_label::kCovolume, on_axis(sheet, *basis, direction, value), "v = b", kFarV});
+    add_line(sheet, direction,
+             {marker_label::kCovolume, on_axis(sheet, *basis, direction, value), "v = b", kFarV});
     return true;
 }
 
