@@ -98,6 +98,12 @@ models::Scale input_scale(Section section, const models::Units& units) {
     return {computed_factor(parameter, units), 0, computed_name(parameter, units.choice)};
 }
 
+double shown_limit(Section section, const models::Units& units, double limit) {
+    const Parameter parameter = parameter_of(section);
+    const models::Scale* own = own_scale(parameter, units);
+    return own ? own->shown(limit / computed_factor(parameter, units)) : limit;
+}
+
 ParameterField field_of(Section section, const models::Units& units, const StateParameters& at) {
     const Parameter parameter = parameter_of(section);
     if (const models::Scale* own = own_scale(parameter, units)) {

@@ -24,6 +24,9 @@ ParameterField field_of(Section section, const models::Units& units, const State
 models::Scale input_scale(Section section, const models::Units& units);
 models::Dimension dimension_of(Section section);
 
+/// A limit of T or p in units of the computation, as the input of a section shows it.
+double shown_limit(Section section, const models::Units& units, double limit);
+
 /// The value in the line of captions of the diagram; empty for a section without one.
 std::string shown_parameter(Section section, const models::Units& units, const StateParameters& at);
 
