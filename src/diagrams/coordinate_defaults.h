@@ -2,7 +2,7 @@
 
 namespace quor::diagrams {
 
-/// Default limits of each quantity, in displayed units.
+/// Default limits of each quantity, in units of the computation.
 struct CoordinateDefaults {
     float pv_max = 0, pv_min = 0;
     float rho_max = 0, rho_min = 0;

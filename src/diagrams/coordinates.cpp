@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "common/constants.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/bounded.h"
 #include "diagrams/database_functions.h"
 #include "models/caloric.h"
@@ -122,13 +123,24 @@ CoordinateDefaults coordinate_defaults(const Basis& basis, const CoordinateDefau
     return d;
 }
 
-ProposedWindow proposed_window(const Diagram& diagram, const Basis& basis,
+namespace {
+
+ProposedWindow computed_window(const Diagram& row, const Basis& basis,
                                const CoordinateDefaults& d) {
-    const Diagram& row = diagram.x_limits.low == nullptr ? home_of(diagram) : diagram;
     if (row.database != DatabaseFunction::none) return database_window(row, basis);
     if (row.x_limits.low == nullptr) return {{d.T_min, d.T_max, 0, 0}, {}};
     return {{d.*row.x_limits.low, d.*row.x_limits.high, d.*row.y_limits.low, d.*row.y_limits.high},
             {}};
+}
+
+}  // namespace
+
+ProposedWindow proposed_window(const Diagram& diagram, const Basis& basis,
+                               const CoordinateDefaults& d) {
+    const Diagram& row = diagram.x_limits.low == nullptr ? home_of(diagram) : diagram;
+    ProposedWindow proposed = computed_window(row, basis, d);
+    proposed.window = shown_scales(row, basis).shown(proposed.window);
+    return proposed;
 }
 
 }  // namespace quor::diagrams

@@ -55,10 +55,12 @@ struct CurveRequest {
     double vapour_fraction = 1;
     CurveOptions options{};
     ProcessLine line{};  ///< of process lines; its range is that of two functions over each other
-    /// Limits of p in displayed units between which the saturation of two functions is drawn.
+    /// Limits of p in units of the computation between which the saturation of two functions is drawn.
     float p_min = 0.001F, p_max = 0;
 
     const Diagram& home() const { return on != nullptr ? *on : home_of(*curve); }
+    /// The row whose axes the curve has.
+    const Diagram& axes() const { return curve->x == Axis::none ? home() : *curve; }
 };
 
 /// A curve with what it has to say.
@@ -68,7 +70,7 @@ struct Curve {
     CurveStatus status = CurveStatus::complete;
     std::string message{};              ///< of a fault, or why there is no result
     std::optional<TieLine> tie_line{};  ///< of a tie-line
-    /// T at which the slope of a vapour pressure equation has its maximum, in displayed units.
+    /// T/K at which the slope of a vapour pressure equation has its maximum.
     std::optional<double> T_of_maximum{};
     /// The last state of a process line.
     std::optional<ProcessState> last{};

@@ -19,8 +19,7 @@ CurveFrame::CurveFrame(const Basis& basis_of_curve, const CurveRequest& request_
     : basis(basis_of_curve),
       request(request_of_curve),
       diagram(*request_of_curve.curve),
-      axes(request_of_curve.curve->x == Axis::none ? request_of_curve.home()
-                                                   : *request_of_curve.curve),
+      axes(request_of_curve.axes()),
       fluid(basis_of_curve.fluid),
       substance(basis_of_curve.fluid.substance()),
       options(request_of_curve.options),

@@ -11,6 +11,7 @@
 namespace quor::diagrams {
 
 /// What all kinds of curves share: the request, the units, the window test, the real-range check.
+/// All of it is in the units of the computation.
 /// A kind of curve adds its points through it.
 class CurveFrame {
   public:
@@ -39,7 +40,7 @@ class CurveFrame {
     /// Evaluates what the state parameters fix. May throw `faults::Fault`.
     void prepare();
 
-    /// Adds a point in displayed units; it clears `outside` when it lies strictly inside the
+    /// Adds a point; it clears `outside` when it lies strictly inside the
     /// window, or inside it in one direction only.
     void add(double x, double y, double z);
     void add_tested_by_x(double x, double y, double z);

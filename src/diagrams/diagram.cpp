@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/database_functions.h"
 #include "models/model_tables.h"
 
@@ -121,8 +123,12 @@ std::string validity_text(const Diagram& row, const Basis& basis, const Validity
     const bool said_by_suffix = row.database == DatabaseFunction::densityLiquid ||
                                 row.database == DatabaseFunction::volumeLiquid;
     if (!said_by_suffix) text += ", validity T = ";
-    return text + numbers::general(static_cast<float>(validity.low)) + " ..." +
-           numbers::general(static_cast<float>(validity.high)) + " K";
+    const models::Scale* own = own_scale(Parameter::T, basis.units);
+    const auto shown = [own](double T) {
+        return numbers::general(static_cast<float>(own ? own->shown(T) : T));
+    };
+    return text + shown(validity.low) + " ..." + shown(validity.high) + " " +
+           (own ? std::string(own->name) : "K");
 }
 
 std::string sub_title_of(const Diagram& row, const Basis& basis, const Validity& validity) {
@@ -140,13 +146,6 @@ std::string sub_title_of(const Diagram& row, const Basis& basis, const Validity&
             break;
     }
     return name + ",  " + model_name(row, basis.fluid) + std::string(row.suffix);
-}
-
-/// The volume of the database equation is molar or specific, never reduced.
-std::string_view axis_text_of(const Diagram& row, Axis axis, const models::UnitChoice& units) {
-    if (row.database == DatabaseFunction::volumeLiquid && axis == Axis::v)
-        return kVolumeTexts[liquid_volume_is_specific(units) ? 1 : 0];
-    return axis_text(axis, units);
 }
 
 /// The functions of the database and the slope of the vapour pressure are no states of the fluid.
@@ -174,7 +173,9 @@ bool shows(const Diagram& diagram, Axis quantity) {
     return diagram.x == quantity || diagram.y == quantity;
 }
 
-std::string_view axis_text(Axis axis, const models::UnitChoice& units) {
+namespace {
+
+std::string_view computed_axis_text(Axis axis, const models::UnitChoice& units) {
     const bool reduced = units.system == UnitSystem::reduced;
     if (const std::string_view text = reduced_text(axis); reduced && !text.empty()) return text;
     const auto system = static_cast<std::size_t>(units.system);
@@ -183,8 +184,22 @@ std::string_view axis_text(Axis axis, const models::UnitChoice& units) {
     return kAxisTexts[static_cast<std::size_t>(axis)][static_cast<std::size_t>(units.caloric)];
 }
 
+}  // namespace
+
+std::string axis_text(Axis axis, const models::UnitChoice& units) {
+    return has_own_unit(axis, units) ? own_axis_text(axis, units)
+                                     : std::string(computed_axis_text(axis, units));
+}
+
+std::string axis_text_in(const Diagram& row, Axis axis, const models::UnitChoice& units) {
+    if (row.database == DatabaseFunction::volumeLiquid && axis == Axis::v &&
+        !has_own_unit(axis, units))
+        return std::string(kVolumeTexts[liquid_volume_is_specific(units) ? 1 : 0]);
+    return axis_text(axis, units);
+}
+
 std::string axis_symbol(Axis axis) {
-    const std::string title(axis_text(axis, {}));
+    const std::string title = axis_text(axis, {});
     return text::trim(text::replace_all(title.substr(0, title.find(" / ")), "/kPa", ""));
 }
 
@@ -195,26 +210,38 @@ bool has_title(const Diagram& row, const std::string& title) {
     return row.source == Source::priority && title.starts_with("Vapour pressure equation ");
 }
 
+/// Units with which both axes of a row have these texts: those of a ready set, else any.
+std::optional<models::UnitChoice> units_by_texts(const Diagram& row, const std::string& x,
+                                                 const std::string& y) {
+    using enum UnitSystem;
+    std::vector<models::UnitChoice> sets = {{molar, CaloricUnit::molar},
+                                            {specific, CaloricUnit::specific},
+                                            {reduced, CaloricUnit::molar},
+                                            {reduced, CaloricUnit::specific}};
+    for (const models::UnitSet& set : models::unit_sets()) sets.push_back(set.choice);
+    const auto has_text = [&row](Axis axis, const models::UnitChoice& units,
+                                 const std::string& text) {
+        return text::trim(axis_text_in(row, axis, units)) == text;
+    };
+    for (const models::UnitChoice& units : sets)
+        if (has_text(row.x, units, x) && has_text(row.y, units, y)) return units;
+    for (const models::UnitChoice& units : choices_with_text(row.x, x, {}))
+        for (const models::UnitChoice& both : choices_with_text(row.y, y, units))
+            if (has_text(row.x, both, x)) return both;
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<KnownDiagram> diagram_by_texts(const std::string& title, const std::string& x,
                                              const std::string& y) {
-    using enum UnitSystem;
-    constexpr std::array kUnits = {models::UnitChoice{molar, CaloricUnit::molar},
-                                   models::UnitChoice{specific, CaloricUnit::specific},
-                                   models::UnitChoice{reduced, CaloricUnit::molar},
-                                   models::UnitChoice{reduced, CaloricUnit::specific}};
     const std::string one_line = text::replace_all(title, "\n", " ");
     std::optional<KnownDiagram> found;
     for (const Diagram& row : all_diagrams()) {
         if (!row.opens() || row.section == Section::database || !has_title(row, one_line)) continue;
         if (found && found->diagram->title.size() >= row.title.size()) continue;
-        for (const models::UnitChoice& units : kUnits)
-            if (text::trim(axis_text_of(row, row.x, units)) == text::trim(x) &&
-                text::trim(axis_text_of(row, row.y, units)) == text::trim(y)) {
-                found = KnownDiagram{&row, units};
-                break;
-            }
+        if (const auto units = units_by_texts(row, text::trim(x), text::trim(y)))
+            found = KnownDiagram{&row, *units};
     }
     return found;
 }
@@ -228,8 +255,7 @@ std::string model_name(const Diagram& diagram, const models::Fluid& fluid) {
 DiagramTexts texts_of(const Diagram& diagram, const Basis& basis, const Validity& validity) {
     const models::UnitChoice& units = basis.units.choice;
     return {title_of(diagram, basis), sub_title_of(diagram, basis, validity),
-            std::string(axis_text_of(diagram, diagram.x, units)),
-            std::string(axis_text_of(diagram, diagram.y, units))};
+            axis_text_in(diagram, diagram.x, units), axis_text_in(diagram, diagram.y, units)};
 }
 
 OpeningAnswer opening_answer(const Diagram& diagram, const models::Fluid& fluid) {

@@ -173,7 +173,10 @@ bool shows_caloric_values(const Diagram& diagram);
 bool shows(const Diagram& diagram, Axis quantity);
 
 /// Text of an axis in units.
-std::string_view axis_text(Axis axis, const models::UnitChoice& units);
+std::string axis_text(Axis axis, const models::UnitChoice& units);
+
+/// The same of an axis of a diagram: the volume of a function of the database is never reduced.
+std::string axis_text_in(const Diagram& row, Axis axis, const models::UnitChoice& units);
 
 /// What an axis shows, without its unit: "p", "ln(p)".
 std::string axis_symbol(Axis axis);
@@ -197,8 +200,9 @@ struct KnownDiagram {
     const Diagram* diagram = nullptr;
     models::UnitChoice units{};
 };
-/// The diagram that a chart with a title and texts of the axes shows; nothing where they tell none,
-/// for units on R T, and for a function of the database, whose range they do not tell.
+/// The diagram that a chart with a title and texts of the axes shows, with the units that these
+/// name; nothing where they tell none, for units on R T, and for a function of the database, whose
+/// range they do not tell.
 std::optional<KnownDiagram> diagram_by_texts(const std::string& title, const std::string& x,
                                              const std::string& y);
 

@@ -58,8 +58,9 @@ DiagramSheet open_sheet(const DiagramRequest& request, const Basis& basis,
     DiagramSheet sheet;
     sheet.request = request;
     sheet.units = basis.units.choice;
+    sheet.basis = basis;
     sheet.at = parameters;
-    show_texts(sheet, basis.reference);
+    show_texts(sheet, basis);
     show_window(sheet, as_chart_window(request.window));
     return sheet;
 }
@@ -129,6 +130,7 @@ int store_curve(DiagramSheet& sheet, NewCurve curve, float x_max) {
     stored.parameter = curve.parameter;
     stored.basis = std::move(curve.basis);
     stored.source = std::move(curve.source);
+    stored.held = curve.held;
     stored.drawn = true;
     sheet.current_place = place;
     name_curve(sheet, place, curve.name);

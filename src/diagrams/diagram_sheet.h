@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "chart/chart2d.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/curve.h"
 #include "diagrams/diagram_request.h"
 
@@ -29,7 +30,17 @@ struct SheetCurve {
     std::vector<float> z;                   ///< parameters of the first `kMaxParameters` points
     CurveName name;                         ///< by what it holds constant, without its fluid
     CurveName given;     ///< as it was named last; what differs was changed by the user
+    HeldValue held;      ///< what the name tells
     std::string source;  ///< second title of a diagram of this curve alone
+};
+
+/// Numbers of one axis as they stood before a change of units, and as it has left them: a change
+/// back finds the very same numbers again.
+struct UnitOrigin {
+    enum class Of : std::uint8_t { x, y, x_ticks, y_ticks } of = Of::x;
+    models::UnitChoice units;  ///< of the numbers before
+    AxisScale before, after;   ///< of both units, for the fluid of the numbers
+    std::vector<double> numbers, shown;
 };
 
 /// What can be taken back: a sheet's content before a step.
@@ -50,6 +61,7 @@ struct DiagramSheet {
     chart::Chart2D chart;
     DiagramRequest request;
     models::UnitChoice units;          ///< of the axes; every curve is drawn in them
+    Basis basis;                       ///< with which it was opened; none for one from a file
     StateParameters at{298.15, 0, 0};  ///< parameters of the next curve
     std::vector<SheetCurve> curves;
     std::vector<bool> point_sets;
@@ -58,7 +70,9 @@ struct DiagramSheet {
     std::string loaded_file;   ///< path of the saved diagram that is shown, empty for none
     std::string given_footer;  ///< the footer as it was given last
 
-    std::vector<UndoStep> undo, redo;  ///< the newest last
+    std::vector<UndoStep> undo, redo;    ///< the newest last
+    std::optional<double> T_of_maximum;  ///< K, of the slope that the header tells
+    std::vector<UnitOrigin> origins;     ///< of what a change of units has left
 };
 
 /// An empty sheet for a request: window, header, footer and axis texts, in the units of a basis.
@@ -87,6 +101,7 @@ struct NewCurve {
     Basis basis{};
     CurveName name{};
     std::string source{};  ///< second title of a diagram of this curve alone
+    HeldValue held{};      ///< what the name tells
 };
 /// Puts a curve into the lowest free place, whose number it gives. Points from the end on that lie
 /// at or beyond `x_max` are left out, unless that would leave nothing; the line to the first of

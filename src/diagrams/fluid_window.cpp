@@ -6,6 +6,7 @@
 
 #include "chart/ticks.h"
 #include "common/constants.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/project_state.h"
@@ -89,14 +90,17 @@ std::optional<CurveWindow> fluid_window(const Diagram& diagram, const Basis& bas
     if ((!x_grows && !y_grows) || !(s.Tcrit > 0) || !(s.pcrit > 0)) return std::nullopt;
     AxisRange x(x_grows, window.x_min, window.x_max), y(y_grows, window.y_min, window.y_max);
     const CaloricFunctions functions(basis);
+    const AxisScales scales = shown_scales(diagram, basis);
     visit_states(basis.fluid, [&](double T, double p, double v) {
         if (!(v > 0)) return;
         const auto values = functions(T, p, v);
         if (!values) return;
         const auto place = project_state(diagram, basis, {T, p, v}, *values);
-        if (!place || !x.takes(place->x) || !y.takes(place->y)) return;
-        x.add(place->x);
-        y.add(place->y);
+        if (!place) return;
+        const double shown_x = scales.x(place->x), shown_y = scales.y(place->y);
+        if (!x.takes(shown_x) || !y.takes(shown_y)) return;
+        x.add(shown_x);
+        y.add(shown_y);
     });
     if (!x.is_range() || !y.is_range()) return std::nullopt;
     const auto [x_min, x_max] = x.limits();

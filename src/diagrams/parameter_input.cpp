@@ -4,7 +4,9 @@
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "diagrams/axis_units.h"
 #include "models/cubic_eos.h"
+#include "models/unit_text.h"
 
 namespace quor::diagrams {
 
@@ -38,6 +40,31 @@ std::optional<double> pressure(const models::Units& units, double typed) {
     return typed / p_factor(units);
 }
 
+Parameter parameter_of(Section section) {
+    return section == Section::isobaric    ? Parameter::p
+           : section == Section::isochoric ? Parameter::v
+                                           : Parameter::T;
+}
+
+double computed_factor(Parameter parameter, const models::Units& units) {
+    return parameter == Parameter::p   ? p_factor(units)
+           : parameter == Parameter::v ? units.v
+                                       : T_factor(units);
+}
+
+/// A typed value in the unit of the computation.
+double as_computed(Parameter parameter, const models::Units& units, double typed) {
+    const models::Scale* own = own_scale(parameter, units);
+    return own ? own->value(typed) * computed_factor(parameter, units) : typed;
+}
+
+/// The name of the unit of the computation, in which reduced fields are shown as well.
+std::string_view computed_name(Parameter parameter, const models::UnitChoice& choice) {
+    models::UnitChoice computed = choice;
+    computed.shown = {};
+    return models::units_of(computed)[static_cast<std::size_t>(dimension_of(parameter))]->name;
+}
+
 ParameterAnswer take_volume(const Basis& basis, StateParameters at, double typed) {
     if (!(typed > 0 && typed <= kMostV)) return {ParameterStatus::invalid, at};
     const double v = typed / basis.v_factor();
@@ -61,7 +88,34 @@ std::string shown(const models::Units& units, double value, const char* plain,
 
 }  // namespace
 
+models::Dimension dimension_of(Section section) {
+    return dimension_of(parameter_of(section));
+}
+
+models::Scale input_scale(Section section, const models::Units& units) {
+    const Parameter parameter = parameter_of(section);
+    if (const models::Scale* own = own_scale(parameter, units)) return *own;
+    return {computed_factor(parameter, units), 0, computed_name(parameter, units.choice)};
+}
+
+double shown_limit(Section section, const models::Units& units, double limit) {
+    const Parameter parameter = parameter_of(section);
+    const models::Scale* own = own_scale(parameter, units);
+    return own ? own->shown(limit / computed_factor(parameter, units)) : limit;
+}
+
 ParameterField field_of(Section section, const models::Units& units, const StateParameters& at) {
+    const Parameter parameter = parameter_of(section);
+    if (const models::Scale* own = own_scale(parameter, units)) {
+        const double value = parameter == Parameter::T   ? at.T
+                             : parameter == Parameter::p ? at.p
+                                                         : at.v;
+        return {parameter == Parameter::T   ? "Isotherm"
+                : parameter == Parameter::p ? "Isobar"
+                                            : "Isochore",
+                std::string(models::key_of(dimension_of(parameter))) + " = ",
+                models::pretty_unit(own->name), own->shown(value)};
+    }
     switch (section) {
         case Section::isobaric:
             return {"Isobar", "p = ", units.p_label, at.p * p_factor(units)};
@@ -74,6 +128,12 @@ ParameterField field_of(Section section, const models::Units& units, const State
 
 std::string shown_parameter(Section section, const models::Units& units,
                             const StateParameters& at) {
+    const bool held = section == Section::isothermal || section == Section::isobaric ||
+                      section == Section::isochoric;
+    if (held && own_scale(parameter_of(section), units) != nullptr) {
+        const ParameterField field = field_of(section, units, at);
+        return field.caption + numbers::general(numbers::to_single(field.value)) + " " + field.unit;
+    }
     switch (section) {
         case Section::isothermal:
             return "T = " + shown(units, at.T * T_factor(units), "####0.0", "K");
@@ -90,6 +150,7 @@ ParameterAnswer take_parameter(Section section, const Basis& basis, const StateP
                                double typed) {
     StateParameters at = before;
     if (!std::isfinite(typed)) return {ParameterStatus::invalid, at};
+    typed = as_computed(parameter_of(section), basis.units, typed);
     if (section == Section::isochoric) return take_volume(basis, at, typed);
     const bool isobaric = section == Section::isobaric;
     const auto value = isobaric ? pressure(basis.units, typed) : temperature(basis.units, typed);
@@ -113,9 +174,13 @@ std::string refuse_range(double fixed, double start, double end) {
 
 RangeAnswer take_range(Section section, const models::Units& units, const StateParameters& before,
                        const ProcessLine& range, double fixed, double start, double end) {
+    const bool runs_in_T = section == Section::isobaric;
+    const Parameter running = runs_in_T ? Parameter::T : Parameter::p;
+    fixed = as_computed(runs_in_T ? Parameter::p : Parameter::T, units, fixed);
+    start = as_computed(running, units, start);
+    end = as_computed(running, units, end);
     RangeAnswer answer{before, range, refuse_range(fixed, start, end)};
     if (!answer.refusal.empty()) return answer;
-    const bool runs_in_T = section == Section::isobaric;
     const auto value = runs_in_T ? pressure(units, fixed) : temperature(units, fixed);
     if (!value) {
         answer.refusal = "Input incomplete or not valid";

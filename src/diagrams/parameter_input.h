@@ -6,6 +6,7 @@
 
 #include "diagrams/diagram.h"
 #include "diagrams/process.h"
+#include "models/units.h"
 
 /// The input of the parameter of the next curve, and of the range of a function-function diagram.
 namespace quor::diagrams {
@@ -18,6 +19,13 @@ struct ParameterField {
     double value = 0;  ///< in displayed units
 };
 ParameterField field_of(Section section, const models::Units& units, const StateParameters& at);
+
+/// The unit of the input of a section, in which its values are shown and typed.
+models::Scale input_scale(Section section, const models::Units& units);
+models::Dimension dimension_of(Section section);
+
+/// A limit of T or p in units of the computation, as the input of a section shows it.
+double shown_limit(Section section, const models::Units& units, double limit);
 
 /// The value in the line of captions of the diagram; empty for a section without one.
 std::string shown_parameter(Section section, const models::Units& units, const StateParameters& at);

@@ -5,12 +5,14 @@
 
 #include "common/constants.h"
 #include "common/numbers.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/curve_frame.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/parameter_input.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
+#include "models/unit_text.h"
 
 namespace quor::diagrams {
 
@@ -206,7 +208,14 @@ std::string one_point_note(const Diagram& diagram, std::span<const float> x,
 
 namespace {
 
+std::string with_unit(const models::Scale& scale, double value) {
+    return numbers::general(numbers::to_single(scale.shown(value))) + " " +
+           models::pretty_unit(scale.name);
+}
+
 std::string volume_text(const Basis& basis, const char* name, double v) {
+    if (const models::Scale* own = own_scale(Parameter::v, basis.units))
+        return name + with_unit(*own, v);
     const bool specific = basis.units.choice.system == models::UnitSystem::specific;
     const double M = basis.M();
     const double shown = specific && M > 0 ? v / M : v;
@@ -218,6 +227,9 @@ std::string volume_text(const Basis& basis, const char* name, double v) {
 std::string caloric_text(const Basis& basis, const char* name, std::optional<double> value,
                          bool entropy) {
     if (!value) return {};
+    const models::Dimension dimension =
+        entropy ? models::Dimension::entropy : models::Dimension::energy;
+    if (basis.units.has_own(dimension)) return name + with_unit(basis.units.of(dimension), *value);
     const bool specific = basis.units.choice.caloric == models::CaloricUnit::specific;
     const double M = basis.M();
     const double shown = specific && M > 0 ? *value / M : *value;

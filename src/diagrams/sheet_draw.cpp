@@ -7,6 +7,7 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/fluid_window.h"
 #include "diagrams/process_line.h"
 #include "diagrams/sheet_delete.h"
@@ -22,23 +23,15 @@ std::string point(double value, std::string_view mask) {
     return numbers::format_point(value, mask);
 }
 
-std::string temperature(const StateParameters& at) {
-    return point(at.T, "####0.0# K ");
-}
-
-std::string pressure(const StateParameters& at) {
-    return point(at.p, "#####0.0# kPa ");
-}
-
 CurveName plain(const std::string& legend) {
     return {legend, legend};
 }
 
-CurveName process_line_name(const CurveRequest& request) {
+CurveName process_line_name(const CurveRequest& request, const models::Units& units) {
     const ProcessKind kind = request.line.kind;
     std::string name(texts_of_process(kind).name);
-    if (kind == ProcessKind::isotherm) name += " " + temperature(request.at);
-    if (kind == ProcessKind::isobar) name += " " + pressure(request.at);
+    const HeldValue held = held_by(request, false);
+    if (held.what != Parameter::none) name += " " + held_text(held, units);
     if (request.line.metastable) name += name.ends_with(' ') ? "metastable " : " metastable ";
     return plain("(" + name + ") ");
 }
@@ -47,12 +40,10 @@ CurveName process_line_name(const CurveRequest& request) {
 CurveName isochore_name(const CurveRequest& request, const Basis& basis,
                         bool critical_point_marked) {
     const double v = request.at.v;
-    if (!critical_point_marked || request.curve->x != Axis::T || request.curve->y != Axis::p)
-        return plain(point(v, "####0.0#### m^3/kmol "));
+    const HeldValue held = held_by(request, critical_point_marked);
+    const std::string volume = held_text(held, basis.units);
+    if (!held.has_side) return plain(volume);
     const double vcrit = basis.fluid.eos().vcrit_calculated;
-    const bool specific = basis.units.choice.system == models::UnitSystem::specific;
-    const std::string volume = point(specific ? v * basis.v_factor() : v, "###0.0####") +
-                               (specific ? " m^3/kg " : " m^3/kmol ");
     // The volume counts as critical when it shows the digits of the critical one.
     constexpr std::string_view kDigits = "###0.0####";
     if (point(v, kDigits) == point(vcrit, kDigits)) return {volume + " (cr) ", volume + "(cr)"};
@@ -98,17 +89,14 @@ CurveWindow computing_window(const DiagramSheet& sheet) {
 
 /// The header tells where the slope of a vapour pressure equation has its maximum.
 void tell_maximum(DiagramSheet& sheet, const Basis& basis, const Curve& drawn) {
-    constexpr std::string_view kCaption = "; maximum at T/K = ";
     const Diagram* diagram = sheet.request.diagram;
     if (diagram == nullptr || diagram->y != Axis::dlnp) return;
     std::string& title = sheet.request.texts.title;
     const std::string before = title;
-    if (const auto old = title.find(kCaption); old != std::string::npos) title.erase(old);
-    if (drawn.T_of_maximum) {
-        title += kCaption;
-        title += numbers::format(*drawn.T_of_maximum, "#####0.0");
-    }
-    if (title != before) show_texts(sheet, basis.reference);
+    title = title.substr(0, title.find(kMaximumCaption)) +
+            maximum_text(drawn.T_of_maximum, basis.units);
+    sheet.T_of_maximum = drawn.T_of_maximum;
+    if (title != before) show_texts(sheet, basis);
 }
 
 /// The request in a sheet, with its window, its parameters and the options of the pen.
@@ -137,16 +125,57 @@ bool tell_missing_fluid(const Pen& pen) {
 
 }  // namespace
 
+HeldValue held_by(const CurveRequest& request, bool critical_point_marked) {
+    if (request.branch == Branch::tieLine) return {};
+    const Diagram& diagram = *request.curve;
+    switch (diagram.section) {
+        case Section::isothermal:
+            return {Parameter::T, request.at.T};
+        case Section::isobaric:
+            return {Parameter::p, request.at.p};
+        case Section::isochoric:
+            return {Parameter::v, request.at.v,
+                    critical_point_marked && diagram.x == Axis::T && diagram.y == Axis::p};
+        case Section::process:
+            if (request.line.kind == ProcessKind::isotherm) return {Parameter::T, request.at.T};
+            if (request.line.kind == ProcessKind::isobar) return {Parameter::p, request.at.p};
+            return {};
+        default:
+            return {};
+    }
+}
+
+std::string held_text(const HeldValue& held, const models::Units& units) {
+    if (const models::Scale* own = own_scale(held.what, units))
+        return numbers::general_point(numbers::to_single(own->shown(held.value))) + " " +
+               std::string(own->name) + " ";
+    switch (held.what) {
+        case Parameter::T:
+            return point(held.value, "####0.0# K ");
+        case Parameter::p:
+            return point(held.value, "#####0.0# kPa ");
+        case Parameter::v:
+            if (!held.has_side) return point(held.value, "####0.0#### m^3/kmol ");
+            return units.choice.system == models::UnitSystem::specific
+                       ? point(held.value * units.v, "###0.0####") + " m^3/kg "
+                       : point(held.value, "###0.0####") + " m^3/kmol ";
+        case Parameter::none:
+            break;
+    }
+    return {};
+}
+
 CurveName name_of(const CurveRequest& request, const Basis& basis, bool critical_point_marked) {
     const Diagram& diagram = *request.curve;
+    const std::string held = held_text(held_by(request, critical_point_marked), basis.units);
     if (request.branch == Branch::tieLine) return plain("Tie-Line V-L ");
     switch (diagram.section) {
         case Section::process:
-            return process_line_name(request);
+            return process_line_name(request, basis.units);
         case Section::isothermal:
-            return {"(" + temperature(request.at) + ") ", temperature(request.at)};
+            return {"(" + held + ") ", held};
         case Section::isobaric:
-            return plain(pressure(request.at));
+            return plain(held);
         case Section::isochoric:
             return isochore_name(request, basis, critical_point_marked);
         case Section::inversion:
@@ -188,7 +217,7 @@ DrawOutcome draw_curve(DiagramSheet& sheet, const Pen& pen, CurveRequest wanted,
     // The series ends at the range in which it was computed.
     outcome.place = store_curve(sheet,
                                 {std::move(drawn.points), drawn.parameter, std::move(basis),
-                                 std::move(name), texts.sub_title},
+                                 std::move(name), texts.sub_title, held_by(request, marked)},
                                 request.window.x_max);
     return outcome;
 }

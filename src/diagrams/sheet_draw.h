@@ -41,6 +41,10 @@ bool draw(DiagramSheet& sheet, const Pen& pen, const ProcessLine& range = {});
 /// same line.
 bool draw_both_branches(DiagramSheet& sheet, const Pen& pen, const Diagram& dome);
 
+/// What a curve holds constant and is told by `name_of`.
+HeldValue held_by(const CurveRequest& request, bool critical_point_marked);
+/// A held value with its unit, "300.0 K ", as names of curves have it.
+std::string held_text(const HeldValue& held, const models::Units& units);
 /// The name of a curve from its parameters; that of an isochore compares with the critical volume
 /// where the critical point is marked.
 CurveName name_of(const CurveRequest& request, const Basis& basis, bool critical_point_marked);

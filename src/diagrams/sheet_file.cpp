@@ -112,6 +112,16 @@ void drop_lost_labels(chart::Chart2D& chart) {
     });
 }
 
+/// True when a sheet has the texts of the axes of its diagram in units.
+bool shows_axes(const DiagramSheet& sheet, const models::UnitChoice& units) {
+    const Diagram& row = *sheet.request.diagram;
+    const std::string x = text::trim(axis_text(row.x, units)),
+                      y = text::trim(axis_text(row.y, units));
+    const chart::Chart2D& chart = sheet.chart;
+    return text::trim(chart.x.title) == (chart.swapped ? y : x) &&
+           text::trim(chart.y.title) == (chart.swapped ? x : y);
+}
+
 }  // namespace
 
 std::string proposed_file(const DiagramSheet& sheet, const std::string& substance) {
@@ -195,6 +205,12 @@ void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart) {
     r.proposed = r.window;
     r.texts.x = fresh.chart.x.title;
     r.texts.y = fresh.chart.y.title;
+    // The file may have been written in other units than the sheet before it had.
+    const bool turned = fresh.chart.swapped;
+    const auto known = diagram_by_texts(fresh.chart.header.text, turned ? r.texts.y : r.texts.x,
+                                        turned ? r.texts.x : r.texts.y);
+    if (known && known->diagram == r.diagram && !shows_axes(fresh, sheet.units))
+        fresh.units = known->units;
     fresh.manual_scaling = true;
     sheet = std::move(fresh);
 }
@@ -238,7 +254,7 @@ std::string curve_table(const DiagramSheet& sheet, int place) {
         table += numbers::general(series->x[i]) + '\t' + numbers::general(series->y[i]);
         if (has_parameter) {
             table += '\t';
-            if (i < z.size()) table += numbers::general(z[i]);
+            if (i < z.size()) table += numbers::general(shown_parameter_at(sheet, place, i));
         }
         table += '\n';
     }

@@ -9,6 +9,7 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/project_state.h"
 #include "diagrams/sheet_delete.h"
@@ -41,6 +42,12 @@ Direction direction_of(const DiagramSheet& sheet, std::initializer_list<Axis> qu
     return Direction::None;
 }
 
+/// From the number of a line as it is computed to that which its axis shows.
+double on_axis(const DiagramSheet& sheet, const Basis& basis, Direction direction, double value) {
+    const AxisScales scales = shown_scales(*sheet.request.diagram, basis);
+    return direction == Direction::Vertical ? scales.x(value) : scales.y(value);
+}
+
 Direction direction_of_T(const DiagramSheet& sheet) {
     return direction_of(sheet, {Axis::T, Axis::inverseT, Axis::inverseTSlope});
 }
@@ -56,7 +63,7 @@ Direction direction_of_rho(const DiagramSheet& sheet) {
 
 struct ReferenceLine {
     int label_index;
-    double value;  ///< in displayed units
+    double value;  ///< in the unit of its axis
     std::string text;
     float far;  ///< where the line begins
 };
@@ -145,6 +152,10 @@ void clear_lines(DiagramSheet& sheet) {
 
 }  // namespace
 
+bool is_far(float value) {
+    return value == kFarT || value == kFarP || value == kFarV;
+}
+
 bool offers_mark(const DiagramSheet& sheet, Mark mark) {
     const Diagram* diagram = sheet.request.diagram;
     if (diagram == nullptr) return false;
@@ -194,7 +205,8 @@ bool mark_temperatures(DiagramSheet& sheet, const Pen& pen) {
     const auto line = [&](const char* text, std::optional<double> T) {
         if (T > 0.0) {
             const double value = inverse ? 1 / (factor * *T) : factor * *T;
-            add_line(sheet, direction, {index, value, text, kFarT});
+            add_line(sheet, direction,
+                     {index, on_axis(sheet, *basis, direction, value), text, kFarT});
         }
         ++index;
     };
@@ -226,7 +238,8 @@ bool mark_pressures(DiagramSheet& sheet, const Pen& pen) {
     const auto line = [&](const char* text, std::optional<double> p) {
         if (p > 0.0) {
             const double value = logarithm ? std::log(factor * *p) : factor * *p;
-            add_line(sheet, direction, {index, value, text, kFarP});
+            add_line(sheet, direction,
+                     {index, on_axis(sheet, *basis, direction, value), text, kFarP});
         }
         ++index;
     };
@@ -247,8 +260,10 @@ bool mark_volume(DiagramSheet& sheet, const Pen& pen) {
     if (!basis) return false;
     remember(sheet, "V-Mark");
     remove_line(sheet, marker_label::kVolume, "v(crit)");
-    add_line(sheet, direction_of_v(sheet),
-             {marker_label::kVolume, v * basis->v_factor(), "v(crit)", kFarV});
+    const Direction direction = direction_of_v(sheet);
+    add_line(sheet, direction,
+             {marker_label::kVolume, on_axis(sheet, *basis, direction, v * basis->v_factor()),
+              "v(crit)", kFarV});
     return true;
 }
 
@@ -268,9 +283,10 @@ bool mark_covolume(DiagramSheet& sheet, const Pen& pen) {
     remove_line(sheet, marker_label::kCovolume, "v = b");
     const Direction of_volume = direction_of_v(sheet);
     const bool density = of_volume == Direction::None;
-    add_line(sheet, density ? direction_of_rho(sheet) : of_volume,
-             {marker_label::kCovolume, density ? basis->M() / b : b * basis->v_factor(), "v = b",
-              kFarV});
+    const Direction direction = density ? direction_of_rho(sheet) : of_volume;
+    const double value = density ? basis->M() / b : b * basis->v_factor();
+    add_line(sheet, direction,
+             {marker_label::kCovolume, on_axis(sheet, *basis, direction, value), "v = b", kFarV});
     return true;
 }
 
@@ -353,8 +369,9 @@ bool mark_critical_point(DiagramSheet& sheet, const Pen& pen, bool experimental)
     series.in_legend = false;
     series.symbol = experimental ? chart::SymbolShape::Box : chart::SymbolShape::Circle;
     series.symbol_colour = experimental ? kExperimental : kCalculated;
-    series.x = {static_cast<float>(at->x)};
-    series.y = {static_cast<float>(at->y)};
+    const AxisScales scales = shown_scales(*sheet.request.diagram, *basis);
+    series.x = {static_cast<float>(scales.x(at->x))};
+    series.y = {static_cast<float>(scales.y(at->y))};
     chart::Label label;
     label.index = label_index(kind);
     label.on_point = true;

@@ -8,6 +8,9 @@
 /// something; a refusal is said and leaves the sheet as it is.
 namespace quor::diagrams {
 
+/// True for the number at which a reference line begins: far outside, whatever the unit.
+bool is_far(float value);
+
 enum class Mark : std::uint8_t {
     T,
     p,

@@ -18,9 +18,13 @@ using chart::Group;
 using chart::Series;
 
 /// T/K and p/kPa in a line of text.
-std::string state_text(double T, double p) {
-    return numbers::general(static_cast<float>(T)) + " K, " +
-           numbers::general(static_cast<float>(p)) + " kPa";
+std::string state_text(double T, double p, const models::Units& units) {
+    const auto part = [&](Parameter what, double value, const char* unit) {
+        const models::Scale* own = own_scale(what, units);
+        return numbers::general(static_cast<float>(own ? own->shown(value) : value)) + " " +
+               (own ? std::string(own->name) : unit);
+    };
+    return part(Parameter::T, T, "K") + ", " + part(Parameter::p, p, "kPa");
 }
 
 /// Adds a text to others unless it is empty or among them.
@@ -37,25 +41,28 @@ std::string joined(const std::vector<std::string>& texts, const char* between) {
 
 }  // namespace
 
-std::string reference_note(const Diagram& diagram, const models::ReferenceState& reference) {
+std::string reference_note(const Diagram& diagram, const models::ReferenceState& reference,
+                           const models::Units& units) {
     const bool exergy = shows(diagram, Axis::eH) || shows(diagram, Axis::eU);
     bool caloric = exergy;
     for (const Axis axis : {Axis::h, Axis::hSpaced, Axis::s, Axis::g, Axis::a, Axis::u})
         caloric = caloric || shows(diagram, axis);
     if (!caloric) return {};
     const bool over_enthalpy = diagram.x == Axis::h || diagram.x == Axis::hSpaced;
-    return reference_text(!exergy || over_enthalpy, exergy, reference);
+    return reference_text(!exergy || over_enthalpy, exergy, reference, units);
 }
 
-std::string reference_text(bool zero_point, bool surroundings, const models::ReferenceState& r) {
+std::string reference_text(bool zero_point, bool surroundings, const models::ReferenceState& r,
+                           const models::Units& units) {
     const std::string around =
-        surroundings ? "surroundings: " + state_text(r.Tenv, r.penv) : std::string();
+        surroundings ? "surroundings: " + state_text(r.Tenv, r.penv, units) : std::string();
     if (!zero_point) return around;
     constexpr std::int16_t kConventional = 2, kFormation = 10;
     const bool pressure_set = r.p0 > 0;
-    std::string note = "reference state: " + state_text(static_cast<double>(r.T0),
-                                                        pressure_set ? static_cast<double>(r.p0)
-                                                                     : constants::kNormalPressure);
+    std::string note =
+        "reference state: " +
+        state_text(static_cast<double>(r.T0),
+                   pressure_set ? static_cast<double>(r.p0) : constants::kNormalPressure, units);
     if (r.mode == kConventional) note = "conventional reference state";
     if (r.mode == kFormation) note = "reference state: quantities of formation";
     return surroundings ? note + "; " + around : note;
@@ -82,25 +89,39 @@ std::string wrap_title(const std::string& title, std::size_t length) {
 namespace {
 
 /// The footer: what the curves were made with, and on which references their values rest.
-void show_footer(DiagramSheet& sheet, const std::string& titles,
-                 const std::vector<std::string>& notes) {
+std::string footer_of(const std::string& titles, const std::vector<std::string>& notes) {
     std::string footer = wrap_title(text::trim(titles), kFooterLine);
     for (const std::string& note : notes) footer += "\n" + wrap_title(note, kFooterLine);
+    return footer;
+}
+
+void show_footer(DiagramSheet& sheet, const std::string& footer) {
     if (sheet.chart.footer.text == sheet.given_footer) sheet.chart.footer.text = footer;
     sheet.given_footer = footer;
 }
 
 }  // namespace
 
-void show_texts(DiagramSheet& sheet, const models::ReferenceState& reference) {
+std::string maximum_text(std::optional<double> T, const models::Units& units) {
+    if (!T) return {};
+    const models::Scale* own = own_scale(Parameter::T, units);
+    return std::string(kMaximumCaption) + (own ? std::string(own->name) : "K") + " = " +
+           numbers::format(own ? own->shown(*T) : *T, "#####0.0");
+}
+
+std::string opening_footer(const DiagramRequest& request, const Basis& basis) {
+    std::vector<std::string> notes;
+    if (request.diagram != nullptr)
+        add_once(notes, reference_note(*request.diagram, basis.reference, basis.units));
+    return footer_of(request.texts.sub_title, notes);
+}
+
+void show_texts(DiagramSheet& sheet, const Basis& basis) {
     const DiagramTexts& texts = sheet.request.texts;
     sheet.chart.header.text = wrap_title(text::trim(texts.title), kHeaderLine);
     sheet.chart.x.title = text::trim(texts.x);
     sheet.chart.y.title = text::trim(texts.y);
-    std::vector<std::string> notes;
-    if (sheet.request.diagram != nullptr)
-        add_once(notes, reference_note(*sheet.request.diagram, reference));
-    show_footer(sheet, texts.sub_title, notes);
+    show_footer(sheet, opening_footer(sheet.request, basis));
 }
 
 namespace {
@@ -179,10 +200,11 @@ void name_fluids(DiagramSheet& sheet) {
         if (!has_fluid(curve)) continue;
         add_once(titles, text::trim(curve.source));
         if (sheet.request.diagram != nullptr)
-            add_once(notes, reference_note(*sheet.request.diagram, curve.basis.reference));
+            add_once(notes, reference_note(*sheet.request.diagram, curve.basis.reference,
+                                           curve.basis.units));
     }
     // A sheet without a curve of a fluid keeps the footer that it was opened with.
-    if (!titles.empty()) show_footer(sheet, joined(titles, "; "), notes);
+    if (!titles.empty()) show_footer(sheet, footer_of(joined(titles, "; "), notes));
 }
 
 }  // namespace quor::diagrams

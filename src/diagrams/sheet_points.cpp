@@ -7,6 +7,7 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/text.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/sheet_window.h"
 
 namespace quor::diagrams {
@@ -83,11 +84,12 @@ bool in_window(const DiagramSheet& sheet, float x, float y) {
 MeasuredPoints map_measured(const Diagram& diagram, const Basis& basis,
                             std::span<const MeasuredState> data, double T) {
     MeasuredPoints points;
+    const AxisScales scales = shown_scales(diagram, basis);
     const auto add = [&](const MeasuredState& line, Value density) {
         const Measured measured{basis, line, T, density};
         const Value x = on_axis(diagram.x, measured), y = on_axis(diagram.y, measured);
         if (!x || !y) return false;
-        const auto xf = static_cast<float>(*x), yf = static_cast<float>(*y);
+        const auto xf = static_cast<float>(scales.x(*x)), yf = static_cast<float>(scales.y(*y));
         if (!chart::is_shown(xf) || !chart::is_shown(yf)) return false;
         points.x.push_back(xf);
         points.y.push_back(yf);

@@ -4,12 +4,19 @@
 #include "common/numbers.h"
 #include "diagrams/sheet_places.h"
 #include "diagrams/sheet_undo.h"
+#include "models/unit_text.h"
 
 namespace quor::diagrams {
 
 namespace {
 
-std::string caption_of(Parameter parameter) {
+std::string caption_of(Parameter parameter, const models::Units& units) {
+    if (const models::Scale* own = own_scale(parameter, units)) {
+        const std::string unit(own->name);
+        const bool composed = unit.find('/') != std::string::npos;
+        return " " + std::string(models::key_of(dimension_of(parameter))) + "/" +
+               (composed ? "(" + unit + ")" : unit) + " = ";
+    }
     switch (parameter) {
         case Parameter::T:
             return "  T/K = ";
@@ -25,10 +32,19 @@ std::string caption_of(Parameter parameter) {
 
 /// The caption of the parameter of a curve; empty for a curve without one, and for other series.
 std::string caption_at(const DiagramSheet& sheet, int place) {
-    return is_drawn(sheet, place) ? caption_of(sheet.curves[at(place)].parameter) : std::string();
+    if (!is_drawn(sheet, place)) return {};
+    const SheetCurve& curve = sheet.curves[at(place)];
+    return caption_of(curve.parameter, curve.basis.units);
 }
 
 }  // namespace
+
+float shown_parameter_at(const DiagramSheet& sheet, int place, std::size_t point) {
+    const SheetCurve& curve = sheet.curves[at(place)];
+    const models::Scale* own = own_scale(curve.parameter, curve.basis.units);
+    const float z = curve.z[point];
+    return own ? numbers::to_single(own->shown(static_cast<double>(z))) : z;
+}
 
 std::string parameter_caption(const DiagramSheet& sheet, int place) {
     std::string caption = caption_at(sheet, place);
@@ -51,7 +67,7 @@ std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near) {
     if (caption.empty()) return text;
     const std::vector<float>& z = sheet.curves[at(near.series)].z;
     if (at(near.point) < z.size() && z[at(near.point)] != 0)
-        text += caption + numbers::general(z[at(near.point)]);
+        text += caption + numbers::general(shown_parameter_at(sheet, near.series, at(near.point)));
     return text;
 }
 

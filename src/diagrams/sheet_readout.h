@@ -14,6 +14,9 @@ enum class Under : std::uint8_t { Nothing, Curve, PointSet, Text, Legend, Axis }
 /// Name of the parameter that the points of a curve carry, " T/K" and the like; empty for none.
 std::string parameter_caption(const DiagramSheet& sheet, int place);
 
+/// The parameter of a point of a drawn curve, in the unit that the caption names.
+float shown_parameter_at(const DiagramSheet& sheet, int place, std::size_t point);
+
 /// Text of the status line for a point of the chart: X, Y and the curve's parameter there.
 std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near);
 

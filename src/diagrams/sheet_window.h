@@ -33,6 +33,8 @@ class Upright {
     ~Upright() {
         if (turned_) change_xy(sheet_);
     }
+    /// True for a sheet that was turned.
+    bool turned() const { return turned_; }
     Upright(const Upright&) = delete;
     Upright& operator=(const Upright&) = delete;
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "common/text.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/bounded.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/curve_frame.h"
@@ -55,12 +56,18 @@ const Ranges& ranges_of(const SurfaceKind& surface, bool s_curve) {
     return kRanges.back();
 }
 
+/// From a number as it is computed to that on an axis of a surface.
+double shown(Axis axis, const Basis& basis, double value) {
+    return shown_scale(nullptr, axis, basis)(value);
+}
+
 std::string label_of(Axis axis, const models::UnitChoice& units) {
+    if (has_own_unit(axis, units)) return axis_text(axis, units);
     const bool reduced = units.system == models::UnitSystem::reduced;
     if (axis == Axis::T) return reduced ? "T(red)" : "T / K";
     if (axis == Axis::p) return reduced ? "p(red)" : "p / kPa";
     if (axis == Axis::v && reduced) return "v(red)";
-    return std::string(axis_text(axis, units));
+    return axis_text(axis, units);
 }
 
 bool is_exergy(Axis axis) {
@@ -97,7 +104,32 @@ SurfaceTexts texts_of(const SurfaceKind& surface, const Basis& basis) {
             label_of(surface.x, units),
             label_of(surface.y, units),
             label_of(surface.z, units),
-            reference_text(has_zero_point, is_exergy(surface.z), basis.reference)};
+            reference_text(has_zero_point, is_exergy(surface.z), basis.reference, basis.units)};
+}
+
+std::string surface_axis_text(Axis axis, const models::UnitChoice& units) {
+    return label_of(axis, units);
+}
+
+SurfaceLimits converted_limits(const SurfaceLimits& limits, const SurfaceKind& surface,
+                               const std::function<double(Axis, double)>& convert) {
+    SurfaceLimits result = limits;
+    const auto pair = [&](Axis axis, float& low, float& high) {
+        for (float* limit : {&low, &high})
+            *limit = single(convert(axis, static_cast<double>(*limit)));
+    };
+    for (const Axis axis : {surface.x, surface.y, surface.z}) {
+        if (axis == Axis::T) pair(axis, result.T_min, result.T_max);
+        if (axis == Axis::p) pair(axis, result.p_min, result.p_max);
+        if (axis == Axis::v) pair(axis, result.v_min, result.v_max);
+    }
+    if (!is_caloric(surface)) return result;
+    const auto clip = [&](float& limit, float none) {
+        if (limit != none) limit = single(convert(surface.z, static_cast<double>(limit)));
+    };
+    clip(result.z_min, kNoLowerClip);
+    clip(result.z_max, kNoUpperClip);
+    return result;
 }
 
 SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, bool s_curve) {
@@ -114,7 +146,8 @@ SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, boo
     if (row.v_high > 0)
         limits.v_max = s.rhocrit > 0 ? single(basis.v_factor() * row.v_high * basis.M() / s.rhocrit)
                                      : kVolumeWithoutData;
-    return limits;
+    return converted_limits(limits, surface,
+                            [&](Axis axis, double value) { return shown(axis, basis, value); });
 }
 
 Limits limits_of(const SurfaceLimits& limits, Axis axis) {
@@ -151,7 +184,7 @@ SurfaceMark critical_mark(const SurfaceKind& surface, const Basis& basis) {
         if (!value) return {.remark = "No cp(idGas) parameters available"};
         caloric = *value * basis.caloric(s.Tcrit);
     }
-    const auto place = [&](Axis axis) {
+    const auto computed = [&](Axis axis) {
         switch (axis) {
             case Axis::T:
                 return s.Tcrit * basis.T_factor();
@@ -163,6 +196,7 @@ SurfaceMark critical_mark(const SurfaceKind& surface, const Basis& basis) {
                 return caloric;
         }
     };
+    const auto place = [&](Axis axis) { return shown(axis, basis, computed(axis)); };
     return {place(surface.x), place(surface.y), place(surface.z), kCriticalMarkText, ""};
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -41,6 +42,14 @@ struct SurfaceTexts {
     std::string note;  ///< on zero points and surroundings; empty where none matter
 };
 SurfaceTexts texts_of(const SurfaceKind& surface, const Basis& basis);
+
+/// Text of an axis of a surface in units.
+std::string surface_axis_text(Axis axis, const models::UnitChoice& units);
+
+/// Limits with those of each quantity that a kind shows changed by the scale of its axis; limits of
+/// z that mean no clipping stay.
+SurfaceLimits converted_limits(const SurfaceLimits& limits, const SurfaceKind& surface,
+                               const std::function<double(Axis, double)>& convert);
 
 /// Default limits of a kind in displayed units; `s_curve` for the S-shaped isotherms.
 SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, bool s_curve);

@@ -5,6 +5,8 @@
 #include <exception>
 #include <optional>
 
+#include "common/numbers.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/curve_frame.h"
 #include "diagrams/equilibrium.h"
@@ -128,10 +130,9 @@ void set_axis(const Limits& limits, int nodes, double& start, double& step) {
     step = (static_cast<double>(limits.high) - start) / (nodes - 1);
 }
 
-}  // namespace
-
-SurfaceGrid surface_grid(const SurfaceKind& kind, const Basis& basis, const SurfaceLimits& limits,
-                         bool s_curve, int nx, int ny) {
+/// The surface in units of the computation.
+SurfaceGrid computed_grid(const SurfaceKind& kind, const Basis& basis, const SurfaceLimits& limits,
+                          bool s_curve, int nx, int ny) {
     SurfaceGrid grid;
     grid.resize(std::clamp(nx, kFewestNodes, kMostNodes), std::clamp(ny, kFewestNodes, kMostNodes));
     grid.z_behind_holes.assign(grid.z.size(), grid.hole);
@@ -143,6 +144,32 @@ SurfaceGrid surface_grid(const SurfaceKind& kind, const Basis& basis, const Surf
         // Units that cannot be had leave nothing to show: the holes stay.
         std::fill(grid.z.begin(), grid.z.end(), grid.hole);
     }
+    return grid;
+}
+
+}  // namespace
+
+void convert_grid(SurfaceGrid& grid, const AxisScale& x, const AxisScale& y, const AxisScale& z) {
+    grid.x0 = x(grid.x0);
+    grid.dx *= x.factor;
+    grid.y0 = y(grid.y0);
+    grid.dy *= y.factor;
+    if (z.is_identity()) return;
+    for (std::vector<float>* values : {&grid.z, &grid.z_behind_holes})
+        for (float& value : *values)
+            if (!grid.is_hole(value)) value = numbers::to_single(z(static_cast<double>(value)));
+}
+
+SurfaceGrid surface_grid(const SurfaceKind& kind, const Basis& basis, const SurfaceLimits& limits,
+                         bool s_curve, int nx, int ny) {
+    const auto scale = [&](Axis axis) { return shown_scale(nullptr, axis, basis); };
+    const AxisScale x = scale(kind.x), y = scale(kind.y), z = scale(kind.z);
+    if (x.is_identity() && y.is_identity() && z.is_identity())
+        return computed_grid(kind, basis, limits, s_curve, nx, ny);
+    const SurfaceLimits computed = converted_limits(
+        limits, kind, [&](Axis axis, double value) { return scale(axis).back(value); });
+    SurfaceGrid grid = computed_grid(kind, basis, computed, s_curve, nx, ny);
+    convert_grid(grid, x, y, z);
     return grid;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chart/chart3d.h"
+#include "diagrams/axis_units.h"
 #include "diagrams/surface.h"
 
 namespace quor::diagrams {
@@ -16,6 +17,10 @@ inline constexpr int kNodesAtStart = 41;
 /// only holes. The numbers of nodes are kept within their bounds.
 chart::SurfaceGrid surface_grid(const SurfaceKind& kind, const Basis& basis,
                                 const SurfaceLimits& limits, bool s_curve, int nx, int ny);
+
+/// A grid in other units of its axes; holes stay.
+void convert_grid(chart::SurfaceGrid& grid, const AxisScale& x, const AxisScale& y,
+                  const AxisScale& z);
 
 /// True when at least one node has a value.
 bool has_surface(const chart::SurfaceGrid& grid);

@@ -65,6 +65,8 @@ class Chart2DWidget : public QWidget {
     /// True once the user has changed the window; `resetZoom` goes back to the window before.
     bool isZoomed() const { return unzoomed_.has_value(); }
     void resetZoom();
+    /// The window to which `resetZoom` goes back, to be converted with the axes; nullptr for none.
+    Window* unzoomed() { return unzoomed_ ? &*unzoomed_ : nullptr; }
     /// The present window becomes the one to which `resetZoom` goes back.
     void forgetZoom() { unzoomed_.reset(); }
 

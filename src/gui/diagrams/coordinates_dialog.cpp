@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <limits>
 
+#include "diagrams/sheet_units.h"
 #include "diagrams/sheet_window.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
@@ -38,6 +39,9 @@ CoordinatesDialog::CoordinatesDialog(diagrams::DiagramSheet& sheet, QWidget* par
         form::addRow(grid, static_cast<int>(i), fields[i].caption, coord_[i],
                      QString::fromStdString(unit).trimmed());
     }
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (const auto quantity = diagrams::quantity_of(sheet, i < 2))
+            coord_[i]->setQuantity(quantity->dimension, quantity->scale, diagrams::fluid_of(sheet));
     QPushButton* ok = form::button("&OK", "cmdCoord_OK");
     ok->setDefault(true);
     QPushButton* defaults = form::button("&Defaults", "cmdCoord_Default");

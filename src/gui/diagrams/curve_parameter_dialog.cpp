@@ -20,6 +20,8 @@ CurveParameterDialog::CurveParameterDialog(diagrams::Section section, const diag
 
     value_ = form::named(new NumberEdit, "rText");
     value_->setValue(field.value);
+    value_->setQuantity(diagrams::dimension_of(section),
+                        diagrams::input_scale(section, basis.units), basis.fluid);
     hint_ = form::named(form::label(" "), "lblTextHinweis");
     QPalette red = hint_->palette();
     red.setColor(QPalette::WindowText, theme::errorColour());
@@ -59,7 +61,8 @@ CurveParameterDialog::CurveParameterDialog(diagrams::Section section, const diag
 }
 
 void CurveParameterDialog::confirm(bool draw) {
-    const double typed = value_->holdsNumber() ? value_->value() : 0;
+    // What is no number is as little a parameter as 0 K, in any unit.
+    const double typed = value_->holdsNumber() ? value_->value() : value_->scale()->shown(0);
     const diagrams::ParameterAnswer answer = diagrams::take_parameter(section_, basis_, at_, typed);
     switch (answer.status) {
         case diagrams::ParameterStatus::invalid:

@@ -23,6 +23,7 @@
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
 #include "diagrams/sheet_undo.h"
+#include "diagrams/sheet_units.h"
 #include "diagrams/sheet_window.h"
 #include "gui/calculation/calculation_views.h"
 #include "gui/chart/chart_qt.h"
@@ -58,7 +59,8 @@ DiagramWindow::DiagramWindow(Desk& desk, const diagrams::PreparedDiagram& prepar
                              const diagrams::Basis& basis)
     : ChartWindow(desk, "frmGraph2D", "graph2d"),
       FollowsSession(desk.session()),
-      sheet_(diagrams::open_sheet(prepared.request, basis, prepared.start.at)) {
+      sheet_(diagrams::open_sheet(prepared.request, basis, prepared.start.at)),
+      seenUnits_(desk.session()->units) {
     setFocusPolicy(Qt::StrongFocus);
     showCaption();
 
@@ -150,7 +152,7 @@ void DiagramWindow::askRange() {
     becomeCurrent();
     const auto basis = basisOfInput(sheet_, session_);
     if (!basis) return;
-    RangeInput box({sheet_.request.section(), basis->units, sheet_.at, session_->process_line,
+    RangeInput box({sheet_.request.section(), *basis, sheet_.at, session_->process_line,
                     session_->coordinates},
                    desk_.frameWindow());
     if (desk_.openModal(box) != QDialog::Accepted) return abortWhenEmpty();
@@ -174,9 +176,13 @@ void DiagramWindow::askIsohygric() {
 
 void DiagramWindow::askProcessLine(diagrams::ProcessKind kind) {
     session_.change()->process_line.kind = kind;
+    diagrams::Pen pen = session::present_pen(session_);
+    if (const auto basis = basisOfInput(sheet_, session_)) pen.basis = *basis;
     ProcessLineDialog box(
-        {ProcessLineDialog::Purpose::Line, session::present_pen(session_), sheet_.request.diagram,
-         sheet_.at, session_->process_line, session_->csv_separator, session_.places()},
+        {ProcessLineDialog::Purpose::Line, pen, sheet_.request.diagram, sheet_.at,
+         session_->process_line, session_->csv_separator, session_.places(),
+         diagrams::quantity_of(sheet_, !sheet_.chart.swapped),
+         diagrams::quantity_of(sheet_, sheet_.chart.swapped)},
         [this](const diagrams::ProcessLine& line) { drawProcessLine(line); }, desk_.frameWindow());
     desk_.openModal(box);
 }
@@ -347,7 +353,23 @@ void DiagramWindow::refresh() {
     followMenus();
 }
 
+void DiagramWindow::followUnits() {
+    if (session_->units == seenUnits_) return;
+    seenUnits_ = session_->units;
+    const Result<void> changed =
+        diagrams::change_units(sheet_, session::unit_choice(session_.state()), canvas_->unzoomed());
+    if (!changed) {
+        status_->setText(qt(changed.reason()));
+        return;
+    }
+    showCaption(qt(paths::file_title(sheet_.loaded_file)));
+    // The same content in other units is no change that has to be saved.
+    paintSheet();
+    panel_->follow();
+}
+
 void DiagramWindow::followSession() {
+    followUnits();
     const diagrams::Pen pen = session::present_pen(session_);
     const diagrams::Diagram* diagram = sheet_.request.diagram;
     const std::string fluid = diagrams::fluid_text(diagram, pen);

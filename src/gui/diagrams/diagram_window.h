@@ -41,6 +41,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
     diagrams::DiagramSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.
     void refresh();
+    /// Shows the present fluid; after a change of the session's units the sheet is converted.
     void followSession() override;
 
     QString undoName() const override;
@@ -76,6 +77,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
     void paintSheet();
 
     void followMenus();
+    void followUnits();
     void design(const QString& page);
     void designHit(const chart::ChartHit& hit);
     void showReadout(const chart::ChartHit& hit);
@@ -112,6 +114,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
 
     diagrams::DiagramSheet sheet_;
     diagrams::SheetContent shown_;       ///< as it was painted last
+    models::UnitChoice seenUnits_;       ///< of the session, as they were seen last
     bool unsaved_ = false;               ///< more than the window has changed since a file had it
     QString designed_;                   ///< control of the design panel that changed it last
     int curveRows_ = 0, pointRows_ = 0;  ///< of the menus that delete

@@ -16,6 +16,7 @@
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
+#include "models/unit_text.h"
 
 namespace quor::gui {
 
@@ -111,6 +112,31 @@ ProcessLineDialog::ProcessLineDialog(Task task,
     par_[0]->isVisibleTo(this) ? par_[0]->setFocus() : par_[1]->setFocus();
 }
 
+const models::Scale& ProcessLineDialog::stateScale(int field) const {
+    return task_.pen.basis.units.of(field % 2 == 0 ? models::Dimension::temperature
+                                                   : models::Dimension::pressure);
+}
+
+double ProcessLineDialog::numberIn(int field) const {
+    const double typed = gui::numberIn(par_[field]);
+    return isLine() ? typed : stateScale(field).value(typed);
+}
+
+void ProcessLineDialog::show(int field, double value) {
+    par_[field]->setValue(stateScale(field).shown(value));
+}
+
+void ProcessLineDialog::makeQuantity(int field) {
+    const models::Fluid& fluid = task_.pen.basis.fluid;
+    if (!isLine()) {
+        const bool isT = field % 2 == 0;
+        par_[field]->setQuantity(isT ? models::Dimension::temperature : models::Dimension::pressure,
+                                 stateScale(field), fluid);
+    } else if (const auto& axis = field % 2 == 0 ? task_.x : task_.y) {
+        par_[field]->setQuantity(axis->dimension, axis->scale, fluid);
+    }
+}
+
 bool ProcessLineDialog::isLine() const {
     return kind_ == Kind::straightLine;
 }
@@ -138,14 +164,25 @@ bool ProcessLineDialog::chosen(const QButtonGroup* group, int index) const {
     return group != nullptr && group->checkedId() == index;
 }
 
-QWidget* ProcessLineDialog::buildFields() {
+QString ProcessLineDialog::stateCaption(int field) const {
     static constexpr const char* kStates[] = {" T1/ K = ", "p1/kPa = ", " T2/ K = ", "p2/kPa = "};
+    const models::Dimension quantity =
+        field % 2 == 0 ? models::Dimension::temperature : models::Dimension::pressure;
+    if (!task_.pen.basis.units.has_own(quantity)) return kStates[field];
+    return QString("%1%2/%3 = ")
+        .arg(field % 2 == 0 ? "T" : "p")
+        .arg(field / 2 + 1)
+        .arg(qt(models::pretty_unit(stateScale(field).name)));
+}
+
+QWidget* ProcessLineDialog::buildFields() {
     static constexpr const char* kEnds[] = {"x1 = ", "y1 = ", "x2 = ", "y2 = "};
     auto* frame = form::frame(isLine() ? "Ends" : "Initial and final state", "fraPar");
     auto* grid = form::grid(frame);
     for (int i = 0; i < 4; ++i) {
         par_[i] = form::named(new NumberEdit, QString("par_%1").arg(i));
-        parCaption_[i] = form::caption(isLine() ? kEnds[i] : kStates[i], par_[i]);
+        parCaption_[i] = form::caption(isLine() ? kEnds[i] : stateCaption(i), par_[i]);
+        makeQuantity(i);
         grid->addWidget(parCaption_[i], i / 2, 2 * (i % 2));
         grid->addWidget(par_[i], i / 2, 2 * (i % 2) + 1);
         connect(par_[i], &QLineEdit::textEdited, this, [this] { state_->clear(); });
@@ -205,9 +242,9 @@ void ProcessLineDialog::showStart() {
         for (int i = 0; i < 4; ++i) par_[i]->setValue(static_cast<double>(ends[i]));
         return;
     }
-    par_[0]->setValue(r.T1 > 0 ? r.T1 : task_.at.T);
-    par_[1]->setValue(r.p1 > 0 ? r.p1 : task_.at.p);
-    if (r.range_end > 0) par_[r.range_is_T ? 2 : 3]->setValue(r.range_end);
+    show(0, r.T1 > 0 ? r.T1 : task_.at.T);
+    show(1, r.p1 > 0 ? r.p1 : task_.at.p);
+    if (r.range_end > 0) show(r.range_is_T ? 2 : 3, r.range_end);
     if (isPolytropic()) offerKappa();
 }
 
@@ -217,7 +254,7 @@ void ProcessLineDialog::offerKappa() {
     const QString typed = kappa_->currentText();
     kappa_->clear();
     for (const diagrams::KappaOffer& offer :
-         diagrams::kappa_offers(task_.pen.basis, par_[0]->value()))
+         diagrams::kappa_offers(task_.pen.basis, stateScale(0).value(par_[0]->value())))
         if (offer.value > 0) kappa_->addItem(qt(offer.text), offer.value);
     kappa_->setCurrentIndex(-1);
     kappa_->setEditText(typed);
@@ -251,7 +288,7 @@ void ProcessLineDialog::follow() {
 void ProcessLineDialog::continueLast(bool on) {
     const diagrams::ProcessInput last = diagrams::continued_from(task_.line, input());
     for (int i = 0; i < 2; ++i) {
-        if (on) par_[i]->setValue(last.par[static_cast<std::size_t>(i)]);
+        if (on) show(i, last.par[static_cast<std::size_t>(i)]);
         par_[i]->setReadOnly(on);
     }
     if (isPolytropic()) offerKappa();
@@ -261,7 +298,7 @@ void ProcessLineDialog::continueLast(bool on) {
 diagrams::ProcessInput ProcessLineDialog::input() const {
     diagrams::ProcessInput in;
     in.kind = kind_;
-    for (std::size_t i = 0; i < 4; ++i) in.par[i] = numberIn(par_[i]);
+    for (std::size_t i = 0; i < 4; ++i) in.par[i] = numberIn(static_cast<int>(i));
     in.range_is_T = kind_ == Kind::isobar || chosen(range_, kTRange);
     in.vapour = !chosen(phase_, kLiquid);
     in.heterogeneous = chosen(region_, kHeterogeneous);
@@ -270,7 +307,7 @@ diagrams::ProcessInput ProcessLineDialog::input() const {
     in.end_to_begin = continue_->isChecked();
     if (isPolytropic()) {
         in.kappa = numbers::typed_number(kappa_->currentText().toStdString()).value_or(0);
-        in.exponent = numberIn(exponent_);
+        in.exponent = gui::numberIn(exponent_);
     }
     // The fields show fewer digits than the last point has.
     return in.end_to_begin ? diagrams::continued_from(task_.line, in) : in;

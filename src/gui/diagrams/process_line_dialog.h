@@ -7,6 +7,7 @@
 #include "diagrams/polytropic_exchange.h"
 #include "diagrams/process_line.h"
 #include "diagrams/sheet_draw.h"
+#include "diagrams/sheet_units.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -38,6 +39,8 @@ class ProcessLineDialog : public QDialog {
         diagrams::ProcessLine line;  ///< what was typed last; its kind says what is asked
         char separator = ';';
         Places places{};  ///< where the polytropic program and its files lie
+        /// What the axes of the diagram show, where these are single quantities.
+        std::optional<diagrams::AxisQuantity> x{}, y{};
     };
     /// `draw` runs with the line that was taken.
     ProcessLineDialog(Task task, std::function<void(const diagrams::ProcessLine&)> draw,
@@ -47,6 +50,14 @@ class ProcessLineDialog : public QDialog {
     void setPolytropicRunner(diagrams::PolytropicRunner runner) { runner_ = std::move(runner); }
 
   private:
+    /// The scale of T (even fields) or p (odd ones) of a state.
+    const models::Scale& stateScale(int field) const;
+    /// A number of a field in K or kPa, of a line in the units of the axes; NaN for none.
+    double numberIn(int field) const;
+    void show(int field, double value);
+    void makeQuantity(int field);
+    QString stateCaption(int field) const;
+
     bool isLine() const;
     bool isPolytropic() const;
     bool onlyVapour() const;

@@ -66,16 +66,28 @@ NumberEdit* RangeInput::field(int index, const QString& caption, const QString& 
 void RangeInput::askRange() {
     setWindowTitle("Parameter Input");
     const diagrams::CoordinateDefaults& d = range_.limits;
-    const QString T = qt(range_.units.T_label), p = qt(range_.units.p_label);
+    const models::Units& units = range_.basis.units;
     const bool isobaric = range_.section == diagrams::Section::isobaric;
-    const diagrams::ParameterField fixed =
-        diagrams::field_of(range_.section, range_.units, range_.at);
-    par_[0] = field(isobaric ? 1 : 0, qt(fixed.caption), qt(fixed.unit), fixed.value);
-    const QString running = isobaric ? "T" : "p";
+    const diagrams::ParameterField fixed = diagrams::field_of(range_.section, units, range_.at);
+    // The other quantity runs, in its own unit; the limits are those of the computation.
+    using diagrams::Section;
+    const Section running = isobaric ? Section::isothermal : Section::isobaric;
     const double low = static_cast<double>(isobaric ? d.T_min : d.p_min);
     const double high = static_cast<double>(isobaric ? d.T_max : d.p_max);
-    par_[1] = field(isobaric ? 0 : 1, running + "1 = ", isobaric ? T : p, low);
-    par_[2] = field(isobaric ? 2 : 3, running + "2 = ", isobaric ? T : p, high);
+    const auto shown = [&](double limit) { return diagrams::shown_limit(running, units, limit); };
+    const QString unit = qt(diagrams::field_of(running, units, range_.at).unit);
+    par_[0] = field(isobaric ? 1 : 0, qt(fixed.caption), qt(fixed.unit), fixed.value);
+    const QString symbol = isobaric ? "T" : "p";
+    par_[1] = field(isobaric ? 0 : 1, symbol + "1 = ", unit, shown(low));
+    par_[2] = field(isobaric ? 2 : 3, symbol + "2 = ", unit, shown(high));
+    makeQuantity(par_[0], range_.section);
+    makeQuantity(par_[1], running);
+    makeQuantity(par_[2], running);
+}
+
+void RangeInput::makeQuantity(NumberEdit* edit, diagrams::Section section) {
+    edit->setQuantity(diagrams::dimension_of(section),
+                      diagrams::input_scale(section, range_.basis.units), range_.basis.fluid);
 }
 
 void RangeInput::askFraction() {
@@ -90,7 +102,8 @@ double RangeInput::vapourFraction() const {
 
 void RangeInput::confirm() {
     const auto typed = [](const NumberEdit* edit) {
-        return edit->holdsNumber() ? edit->value() : -1;
+        if (edit->holdsNumber()) return edit->value();
+        return edit->scale() != nullptr ? edit->scale()->shown(-1) : -1.0;
     };
     if (fraction_) {
         if (diagrams::is_vapour_fraction(typed(par_[0]))) return accept();
@@ -99,8 +112,8 @@ void RangeInput::confirm() {
         return;
     }
     const diagrams::RangeAnswer answer =
-        diagrams::take_range(range_.section, range_.units, range_.at, range_.line, typed(par_[0]),
-                             typed(par_[1]), typed(par_[2]));
+        diagrams::take_range(range_.section, range_.basis.units, range_.at, range_.line,
+                             typed(par_[0]), typed(par_[1]), typed(par_[2]));
     if (!answer.refusal.empty()) return dialogs::tell(answer.refusal, dialogs::kNotPossible);
     range_.at = answer.at;
     range_.line = answer.range;

@@ -20,7 +20,7 @@ class RangeInput : public QDialog {
     /// that are proposed.
     struct Range {
         diagrams::Section section = diagrams::Section::none;
-        models::Units units;
+        diagrams::Basis basis;  ///< in the units of the sheet
         diagrams::StateParameters at;
         diagrams::ProcessLine line;
         diagrams::CoordinateDefaults limits;
@@ -38,6 +38,7 @@ class RangeInput : public QDialog {
     void askRange();
     void askFraction();
     NumberEdit* field(int index, const QString& caption, const QString& unit, double value);
+    void makeQuantity(NumberEdit* edit, diagrams::Section section);
     void confirm();
 
     Range range_;

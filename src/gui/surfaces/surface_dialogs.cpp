@@ -92,6 +92,8 @@ SurfaceLimitsDialog::SurfaceLimitsDialog(diagrams::SurfaceSheet& sheet, QWidget*
         form::addRow(grid, static_cast<int>(fields_.size()), row.caption, edit,
                      titleOf(sheet, quantityOf(row, *kind)));
         fields_.push_back({edit, row.limit});
+        if (const auto quantity = diagrams::quantity_of(sheet, quantityOf(row, *kind)))
+            edit->setQuantity(quantity->dimension, quantity->scale, sheet.basis.fluid);
     }
     if (kind != nullptr && diagrams::is_caloric(*kind))
         layout->addWidget(form::note("z(min) = -0.01111 and z(max) = 0.01111: no clipping"));

@@ -27,7 +27,10 @@ SurfaceWindow* SurfaceWindow::openNew(Desk& desk, diagrams::SurfaceSheet sheet) 
 }
 
 SurfaceWindow::SurfaceWindow(Desk& desk, diagrams::SurfaceSheet sheet)
-    : ChartWindow(desk, "frmGraph3D", "graph3d"), sheet_(std::move(sheet)) {
+    : ChartWindow(desk, "frmGraph3D", "graph3d"),
+      FollowsSession(desk.session()),
+      sheet_(std::move(sheet)),
+      seenUnits_(desk.session()->units) {
     showCaption();
 
     canvas_ = new chart::Chart3DWidget(sheet_.chart, this);
@@ -117,6 +120,15 @@ void SurfaceWindow::design(const QString& page) {
 
 void SurfaceWindow::followView() {
     if (dock_->isVisible()) panel_->follow();
+}
+
+void SurfaceWindow::followSession() {
+    if (session_->units == seenUnits_) return;
+    seenUnits_ = session_->units;
+    const Result<void> changed =
+        diagrams::change_units(sheet_, session::unit_choice(session_.state()));
+    refresh();
+    if (!changed) status_->setText(qt(changed.reason()));
 }
 
 void SurfaceWindow::refresh() {

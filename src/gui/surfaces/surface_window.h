@@ -3,6 +3,7 @@
 #include "diagrams/surface_sheet.h"
 #include "gui/chart/chart3d_widget.h"
 #include "gui/diagrams/chart_window.h"
+#include "gui/widgets/follows_session.h"
 
 namespace quor::gui {
 
@@ -10,7 +11,7 @@ class SurfacePanel;
 
 /// A surface of a fluid over a regular grid, with the commands on it and the design panel. Several
 /// may be open; each keeps its fluid, kind and limits.
-class SurfaceWindow : public ChartWindow {
+class SurfaceWindow : public ChartWindow, public FollowsSession {
     Q_OBJECT
 
   public:
@@ -22,6 +23,8 @@ class SurfaceWindow : public ChartWindow {
     diagrams::SurfaceSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.
     void refresh();
+    /// After a change of the session's units the surface is converted.
+    void followSession() override;
 
   protected:
     void keepChoice() override;
@@ -43,6 +46,7 @@ class SurfaceWindow : public ChartWindow {
     void showCaption(const QString& file = {});
 
     diagrams::SurfaceSheet sheet_;
+    models::UnitChoice seenUnits_;  ///< of the session, as they were seen last
     chart::Chart3DWidget* canvas_ = nullptr;
     SurfacePanel* panel_ = nullptr;
 };
