@@ -56,6 +56,8 @@ constexpr double kUsualT = 300;                      // K, of a fluid without a 
 constexpr double kLeastP = 1e-9;                     // kPa: thinner gases are not searched
 constexpr double kClosest = 1e-4;                    // (v - b)/b of the densest states
 
+constexpr double kZero = 1e-11, kJump = 1e-9;  // of the scale of a value
+
 }  // namespace
 
 // ---- What is known of a fluid before a search
@@ -176,6 +178,8 @@ class Flash::Search {
         if (a_.property > b_.property) std::swap(a_, b_);
         if (!admit() || !find()) return refusal();
         if (count_ == 0) return refuse(NoFlashReason::noSolution), refusal();
+        drop_unstable();
+        if (count_ == 0) return refuse(NoFlashReason::unstable), refusal();
         std::sort(found_.begin(), found_.begin() + count_,
                   [](const Found& a, const Found& b) { return a.v < b.v; });
         drop_doubles();
@@ -360,6 +364,18 @@ class Flash::Search {
              .at = at});
     }
 
+    /// Far from where they were made for, some equations have states whose cv is not positive.
+    void drop_unstable() {
+        if (k_.simple_ || !(k_.caloric_.high > 0)) return;
+        const auto unstable = [&](const Found& at) {
+            const auto z =
+                at.two ? std::nullopt : state_functions(f_, k_.reference_, {}, at.T, at.p, at.v);
+            return z && !(z->cv > 0);
+        };
+        const auto* const end = std::remove_if(found_.begin(), found_.begin() + count_, unstable);
+        count_ = static_cast<std::size_t>(end - found_.data());
+    }
+
     /// The end of one search is the start of another, where both find the same state.
     void drop_doubles() {
         constexpr double kSame = 1e-7;
@@ -374,12 +390,23 @@ class Flash::Search {
     }
 
     Result<FlashState, NoFlash> told(FlashChoice choice) {
-        const auto place = static_cast<std::size_t>(choice);
-        if (place >= count_) return refuse(NoFlashReason::noSuchAnswer), refusal();
+        const auto wanted = static_cast<std::size_t>(choice);
         Result<FlashState, NoFlash> r = FlashState{};
-        if (!complete(found_[place], *r)) return refusal();
-        r->answers = static_cast<int>(count_);
-        r->answer = static_cast<int>(place);
+        int answers = 0;
+        for (std::size_t i = 0; i < count_; ++i) {
+            // Next to the critical point rounding may keep a state from having its values: it is
+            // none then, whatever the choice.
+            if (count_ == 1 || static_cast<std::size_t>(answers) == wanted) {
+                if (complete(found_[i], *r)) r->answer = answers++;
+            } else {
+                FlashState other;
+                answers += complete(found_[i], other) ? 1 : 0;
+            }
+        }
+        if (answers == 0) return refusal();
+        if (wanted >= static_cast<std::size_t>(answers))
+            return refuse(NoFlashReason::noSuchAnswer), refusal();
+        r->answers = answers;
         return r;
     }
 
@@ -392,6 +419,7 @@ class Flash::Search {
     }
 
     bool complete(const Found& at, FlashState& r) {
+        r = {};
         r.T = at.T;
         r.p = at.p;
         r.v = at.v;
@@ -411,7 +439,6 @@ class Flash::Search {
             }
         } else if ((r.single = values(at.v))) {
             const StateValues& z = *r.single;
-            if (z.cv <= 0 && k_.caloric_.high > 0) return refuse(NoFlashReason::unstable);
             r.values = FlashValues{z.h, z.u, z.s, z.g, z.a};
         }
         const auto triple = static_cast<double>(s_.Ttriple);
@@ -535,7 +562,7 @@ class Flash::Search {
             samples.add(excess, Sample{t, f});
         }
         const double scale = scale_of(y, value, k_.range_.low);
-        for_all(samples.zeros(excess, 1e-12 * scale, 1e-8 * scale), [&](double t) {
+        for_all(samples.zeros(excess, kZero * scale, kJump * scale), [&](double t) {
             if (const auto at = at_t(t)) add_two(*at, x);
         });
         searched_.high = s_.Tcrit;
@@ -551,13 +578,13 @@ class Flash::Search {
     /// many samples.
     template <class F>
     Zeros zeros_of(F f, double low, double high, bool monotone, double scale) const {
-        constexpr std::size_t kMany = 40;
-        const std::size_t steps = monotone ? 1 : kMany;
+        constexpr std::size_t kSimple = 24, kMany = 40;
+        const std::size_t steps = monotone ? 1 : k_.simple_ ? kSimple : kMany;
         Samples<kMany + 1> samples;
         for (std::size_t i = 0; i <= steps; ++i)
             samples.add(f,
                         low + (high - low) * static_cast<double>(i) / static_cast<double>(steps));
-        return samples.zeros(f, 1e-13 * scale, 1e-9 * scale);
+        return samples.zeros(f, kZero * scale, kJump * scale);
     }
 
     // -- T with h, s, u
@@ -599,8 +626,8 @@ class Flash::Search {
     /// A value between those of both phases belongs to a state of two.
     bool add_if_between(const Saturated& at, double L, double V, double value, double scale) {
         const double x = (value - L) / (V - L);
-        const bool inside = (x >= 0 && x <= 1) || std::fabs(value - L) <= 1e-13 * scale ||
-                            std::fabs(value - V) <= 1e-13 * scale;
+        const bool inside = (x >= 0 && x <= 1) || std::fabs(value - L) <= kZero * scale ||
+                            std::fabs(value - V) <= kZero * scale;
         if (inside) add_two(at, x);
         return inside;
     }
@@ -780,9 +807,28 @@ class Flash::Search {
         };
         const double b = smallest_volume(k_.caloric_.low);
         const double size = b > 0 ? b : size_of_molecules(s_);
-        const double most = R * k_.caloric_.high / (kClosest * size);
+        const double least = std::log(kLeastP);
+        const double most =
+            std::log(k_.simple_ ? product / b : R * k_.caloric_.high / (kClosest * size));
         const double scale = scale_of(Property::h, h, k_.caloric_.low);
-        for_all(zeros_of(excess, std::log(kLeastP), std::log(most), false, scale), [&](double q) {
+
+        // The ends of the two-phase region are kinks, of which one may be the minimum.
+        Search saturated(k_, {Property::h, h}, {Property::x, 0});
+        if (k_.has_dome()) {
+            saturated.along_x(Property::h, h, 0);
+            saturated.along_x(Property::h, h, 1);
+        }
+        constexpr std::size_t kSteps = 24;
+        std::array<double, kSteps + 1 + kMostFound> at{};
+        std::size_t places = 0;
+        for (std::size_t i = 0; i <= kSteps; ++i)
+            at[places++] = least + (most - least) * static_cast<double>(i) / kSteps;
+        for (std::size_t i = 0; i < saturated.count_; ++i)
+            at[places++] = std::log(saturated.found_[i].p);
+        std::sort(at.begin(), at.begin() + places);
+        Samples<kSteps + 1 + kMostFound> samples;
+        for (std::size_t i = 0; i < places; ++i) samples.add(excess, at[i]);
+        for_all(samples.zeros(excess, kZero * scale, kJump * scale), [&](double q) {
             if (const auto found = at_p(std::exp(q))) add(*found);
         });
         return true;
@@ -792,7 +838,8 @@ class Flash::Search {
     const Fluid& f_;
     const SubstanceRecord& s_;
     GivenValue a_, b_;
-    std::array<Found, Zeros::kMost * 3> found_{};
+    static constexpr std::size_t kMostFound = 3 * Zeros::kMost;
+    std::array<Found, kMostFound> found_{};
     std::size_t count_ = 0;
     bool boundary_ = false;  ///< both answers are the phases of one T and p
     NoFlashReason why_ = NoFlashReason::noSolution;

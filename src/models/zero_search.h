@@ -49,26 +49,33 @@ Sample zero_between(F&& f, Sample a, Sample b) {
     return std::fabs(a.f) < std::fabs(b.f) ? a : b;
 }
 
-/// A zero of a function that rises, by Newton's method kept between two samples. `f` gives value
-/// and slope; a slope that is not positive asks for halving.
 struct ValueAndSlope {
     double f = 0, slope = 0;
 };
+
+/// A zero of a function that rises, by Newton's method kept between `low` and `high`. `f` gives
+/// value and slope; a slope that is not positive asks for halving. Without a zero the end that lies
+/// next to it comes back.
 template <class F>
 Sample newton_zero(F&& f, double low, double high, double x, double f_tolerance) {
     Sample best{x, HUGE_VAL};
-    x = std::clamp(x, low, high);
+    bool low_seen = false, high_seen = false;
     double last = HUGE_VAL;
+    if (!(x > low && x < high)) x = 0.5 * (low + high);
     for (int i = 0; i < 100; ++i) {
         const ValueAndSlope at = f(x);
         if (std::isnan(at.f)) return {x, at.f};
         if (std::fabs(at.f) < std::fabs(best.f)) best = {x, at.f};
-        if (std::fabs(at.f) <= f_tolerance) return best;
+        if (std::fabs(at.f) <= f_tolerance || (x == low && at.f > 0) || (x == high && at.f < 0))
+            return best;
         (at.f < 0 ? low : high) = x;
-        double next = at.slope > 0 ? x - at.f / at.slope : low - 1;
+        (at.f < 0 ? low_seen : high_seen) = true;
+        double next = at.slope > 0 ? x - at.f / at.slope : 0.5 * (low + high);
+        // An end that is asked for tells whether there is a zero at all.
+        if (next <= low) next = low_seen ? 0.5 * (low + high) : low;
+        if (next >= high) next = high_seen ? 0.5 * (low + high) : high;
         // Where the steps of Newton's method do not shrink the bracket has to.
-        if (!(next > low && next < high) || std::fabs(next - x) > 0.7 * last)
-            next = 0.5 * (low + high);
+        if (low_seen && high_seen && std::fabs(next - x) > 0.7 * last) next = 0.5 * (low + high);
         last = std::fabs(next - x);
         if (last <= std::numeric_limits<double>::epsilon() * std::fabs(x)) return best;
         x = next;
@@ -120,11 +127,18 @@ class Samples {
                 continue;
             }
             if (!joined || is_zero(samples_[i - 1], tolerance)) continue;
-            if ((s.f > 0) != (samples_[i - 1].f > 0)) {
-                add_between(f, samples_[i - 1], s, jump, found);
-            } else if (i + 1 < count_ && !first_[i + 1]) {
-                add_at_extremum(f, samples_[i - 1], s, samples_[i + 1], tolerance, jump, found);
+            const Sample& last = samples_[i - 1];
+            if ((s.f > 0) != (last.f > 0)) {
+                add_between(f, last, s, jump, found);
+                continue;
             }
+            if (count_ == 2) continue;  // the ends of a monotone function
+            if (first_[i - 1])
+                add_at_extremum(f, last, beside(f, last, s), s, tolerance, jump, found);
+            if (i + 1 < count_ && !first_[i + 1])
+                add_at_extremum(f, last, s, samples_[i + 1], tolerance, jump, found);
+            else
+                add_at_extremum(f, last, beside(f, s, last), s, tolerance, jump, found);
         }
         return found;
     }
@@ -168,9 +182,16 @@ class Samples {
         if (is_zero(m, tolerance)) found.add(m.x);
     }
 
+    /// A sample next to an end, which tells whether there is an extremum inside.
+    template <class F>
+    static Sample beside(F&& f, const Sample& end, const Sample& inside) {
+        const double x = end.x + 1e-6 * (inside.x - end.x);
+        return {x, f(x)};
+    }
+
     template <class F>
     static Sample end_of_domain(F&& f, Sample inside, Sample outside) {
-        for (int i = 0; i < 60; ++i) {
+        for (int i = 0; i < 30; ++i) {
             const double x = 0.5 * (inside.x + outside.x);
             const Sample s{x, f(x)};
             (std::isnan(s.f) ? outside : inside) = s;

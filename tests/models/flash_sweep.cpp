@@ -229,17 +229,22 @@ class Sweep {
         for (const models::GivenValue g : {a, b}) {
             const double told_value = value_of(z, g.property).value_or(HUGE_VAL);
             const double by_functions = (*all)[static_cast<std::size_t>(g.property)];
-            for (const double value : {told_value, by_functions}) {
+            const auto check = [&](double value, double tolerance) {
                 const double apart = difference(g.property, value, g.value, z.T);
-                if (apart > counts_.worst_pair) {
-                    counts_.worst_pair = apart;
+                const double of_tolerance = apart / tolerance;
+                if (of_tolerance > counts_.worst_pair) {
+                    counts_.worst_pair = of_tolerance;
                     counts_.worst_where = name_ + " " + described(asked, a, b);
                 }
-                if (!(apart <= 1e-9))
+                if (!(of_tolerance <= 1))
                     fail(asked, a, b,
                          std::string(kNames[static_cast<std::size_t>(g.property)]) +
                              " differs by " + text(apart));
-            }
+            };
+            check(told_value, 1e-9);
+            // Close to the critical point the rounding of p(LV) moves the volumes further apart.
+            const double Tr = z.T / fluid_.substance().Tcrit;
+            check(by_functions, z.x ? 1e-9 * std::max(1.0, 1e-4 / (1 - Tr)) : 1e-9);
         }
         if (z.x) return;
         // One equation: T, p and v belong together. Of a dense liquid p is a difference of terms of
@@ -345,12 +350,13 @@ void sweep_all(int states, std::size_t first, std::size_t stride, Counts& counts
 }
 
 std::string told(const Counts& c) {
-    std::string out =
-        std::to_string(c.fluids) + " fluids, " + std::to_string(c.states) + " states (" +
-        std::to_string(c.two_phases) + " of two phases), " + std::to_string(c.pairs) + " pairs, " +
-        std::to_string(c.others) + " with another answer, " + std::to_string(c.ill_conditioned) +
-        " that hardly tell states apart, " + std::to_string(c.failed) +
-        " failures; largest difference " + text(c.worst_pair) + " (" + c.worst_where + ")\n";
+    std::string out = std::to_string(c.fluids) + " fluids, " + std::to_string(c.states) +
+                      " states (" + std::to_string(c.two_phases) + " of two phases), " +
+                      std::to_string(c.pairs) + " pairs, " + std::to_string(c.others) +
+                      " with another answer, " + std::to_string(c.ill_conditioned) +
+                      " that hardly tell states apart, " + std::to_string(c.failed) +
+                      " failures; largest difference " + text(c.worst_pair) + " of the tolerance" +
+                      " (" + c.worst_where + ")\n";
     for (const auto& [reason, count] : c.gaps)
         out += "  " + std::to_string(count) + "  " + reason + "\n";
     for (const std::string& failure : c.failures) out += "FAILED " + failure + "\n";

@@ -21,7 +21,7 @@ struct Counts {
     std::map<std::string, long> gaps;   ///< pairs or states that have no answer, by the reason told
     std::vector<std::string> failures;  ///< the first of them in words
     long failed = 0;
-    double worst_pair = 0;  ///< largest difference of a value from the one asked for
+    double worst_pair = 0;  ///< largest difference of a value from the one asked for, over 1E-9
     std::string worst_where;
 
     void fail(const std::string& what);
