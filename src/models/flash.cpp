@@ -195,6 +195,7 @@ class Flash::Search {
         Saturated at;  ///< of two phases
     };
     enum class Side { liquid, vapour, only };
+    static constexpr std::size_t kMostFound = 3 * Zeros::kMost;
 
     bool refuse(NoFlashReason why) {
         why_ = why;
@@ -374,6 +375,15 @@ class Flash::Search {
         };
         const auto* const end = std::remove_if(found_.begin(), found_.begin() + count_, unstable);
         count_ = static_cast<std::size_t>(end - found_.data());
+    }
+
+    /// The stable state of the highest T, where there should be one only.
+    std::optional<Found> warmest() {
+        drop_unstable();
+        const auto* const best =
+            std::max_element(found_.begin(), found_.begin() + count_,
+                             [](const Found& a, const Found& b) { return a.T < b.T; });
+        return count_ > 0 ? std::optional(*best) : std::nullopt;
     }
 
     /// The end of one search is the start of another, where both find the same state.
@@ -574,17 +584,55 @@ class Flash::Search {
         for (std::size_t i = 0; i < zeros.count; ++i) f(zeros.x[i]);
     }
 
+    /// Places where a function has a kink.
+    struct Kinks {
+        std::array<double, kMostFound> at{};
+        std::size_t count = 0;
+    };
+
+    /// Where states with this value enter and leave the two-phase region.
+    template <class Variable>
+    Kinks kinks(Property y, double value, Variable variable) const {
+        Kinks kinks;
+        if (!k_.has_dome()) return kinks;
+        Search saturated(k_, {y, value}, {Property::x, 0});
+        saturated.along_x(y, value, 0);
+        saturated.along_x(y, value, 1);
+        for (; kinks.count < saturated.count_; ++kinks.count)
+            kinks.at[kinks.count] = variable(saturated.found_[kinks.count]);
+        return kinks;
+    }
+
     /// Zeros of a function from `low` to `high`: between the ends where it is monotone, else over
-    /// many samples.
+    /// many samples, of which those at its kinks tell of extrema there.
     template <class F>
-    Zeros zeros_of(F f, double low, double high, bool monotone, double scale) const {
+    Zeros zeros_of(F f, double low, double high, bool monotone, double scale,
+                   const Kinks& kinks = {}) const {
         constexpr std::size_t kSimple = 24, kMany = 40;
         const std::size_t steps = monotone ? 1 : k_.simple_ ? kSimple : kMany;
-        Samples<kMany + 1> samples;
+        std::array<double, kMany + 1 + kMostFound> at{};
+        std::size_t count = 0;
         for (std::size_t i = 0; i <= steps; ++i)
-            samples.add(f,
-                        low + (high - low) * static_cast<double>(i) / static_cast<double>(steps));
+            at[count++] = low + (high - low) * static_cast<double>(i) / static_cast<double>(steps);
+        for (std::size_t i = 0; i < kinks.count; ++i)
+            if (kinks.at[i] > low && kinks.at[i] < high) at[count++] = kinks.at[i];
+        if (kinks.count > 0) std::sort(at.begin(), at.begin() + count);
+        Samples<kMany + 1 + kMostFound> samples;
+        for (std::size_t i = 0; i < count; ++i) samples.add(f, at[i]);
         return samples.zeros(f, kZero * scale, kJump * scale);
+    }
+
+    /// The same over T. Some equations have another a(T) above the critical point, whose slope, and
+    /// so h, s and u, jump there.
+    template <class F, class Take>
+    void over_T(F f, FlashRange range, double scale, Take take, const Kinks& kinks = {}) const {
+        const auto part = [&](double low, double high) {
+            if (low < high) for_all(zeros_of(f, low, high, k_.simple_, scale, kinks), take);
+        };
+        const double Tc = s_.Tcrit;
+        if (k_.simple_ || !(range.low < Tc && range.high > Tc)) return part(range.low, range.high);
+        part(range.low, Tc);
+        part(std::nextafter(Tc, 2 * Tc), range.high);
     }
 
     // -- T with h, s, u
@@ -650,8 +698,7 @@ class Flash::Search {
             return refuse(NoFlashReason::belowCovolume);
         // Of a liquid p is a difference of large terms.
         const double scale = std::max(p, R * low / v);
-        for_all(zeros_of(excess, low, high, k_.simple_, scale),
-                [&](double T) { add_single(T, p, v); });
+        over_T(excess, {low, high}, scale, [&](double T) { add_single(T, p, v); });
         return true;
     }
 
@@ -708,9 +755,8 @@ class Flash::Search {
                 return v > 0 ? value_at(y, T, p, v) - value : kNaN;
             };
             const double scale = scale_of(y, value, low);
-            if (!(from < to)) return;
-            for_all(zeros_of(excess, from, to, false, scale),
-                    [&](double T) { add_single(T, p, volume_at(T, p, side)); });
+            over_T(excess, {from, to}, scale,
+                   [&](double T) { add_single(T, p, volume_at(T, p, side)); });
         };
         const auto at = saturated_at_p(p);
         if (!at) {
@@ -748,8 +794,10 @@ class Flash::Search {
             return refuse(NoFlashReason::belowCovolume);
         const double low = k_.caloric_.low;
         const double scale = scale_of(y, value, low);
-        for_all(zeros_of(excess, low, k_.caloric_.high, k_.simple_, scale),
-                [&](double T) { at_T_v(T, v); });
+        const auto of_T = [](const Found& at) { return at.T; };
+        over_T(
+            excess, k_.caloric_, scale, [&](double T) { at_T_v(T, v); },
+            k_.simple_ ? Kinks{} : kinks(Property::v, v, of_T));
         return true;
     }
 
@@ -763,7 +811,7 @@ class Flash::Search {
     AtTs at_T_s(double T, double s) const {
         Search search(k_, {Property::T, T}, {Property::s, s});
         search.on_isotherm(T, Property::s, s);
-        if (search.count_ > 0) return {search.found_[0], 0};
+        if (const auto found = search.warmest()) return {found, 0};
         // At the lowest pressure s is largest.
         const double v = R * T / kLeastP;
         const double largest = value_at(Property::s, T, pressure_at(T, v), v);
@@ -782,11 +830,12 @@ class Flash::Search {
             const AtTs at = at_T_s(T, s);
             return at.found ? value_of(*at.found, y) - value : at.side;
         };
-        const double low = k_.caloric_.low;
-        for_all(zeros_of(excess, low, k_.caloric_.high, k_.simple_, scale_of(y, value, low)),
-                [&](double T) {
-                    if (const AtTs at = at_T_s(T, s); at.found) add(*at.found);
-                });
+        const auto take = [&](double T) {
+            if (const AtTs at = at_T_s(T, s); at.found) add(*at.found);
+        };
+        const auto of_T = [](const Found& at) { return at.T; };
+        over_T(excess, k_.caloric_, scale_of(y, value, k_.caloric_.low), take,
+               k_.simple_ ? Kinks{} : kinks(Property::s, s, of_T));
         return true;
     }
 
@@ -798,7 +847,7 @@ class Flash::Search {
             if (k_.simple_) return on_rising_isobar(p, Property::h, h);
             Search search(k_, {Property::p, p}, {Property::h, h});
             search.on_isobar(p, Property::h, h);
-            return search.count_ > 0 ? std::optional(search.found_[0]) : std::nullopt;
+            return search.warmest();
         };
         const auto excess = [&](double q) {
             const double p = std::exp(q);
@@ -812,25 +861,11 @@ class Flash::Search {
             std::log(k_.simple_ ? product / b : R * k_.caloric_.high / (kClosest * size));
         const double scale = scale_of(Property::h, h, k_.caloric_.low);
 
-        // The ends of the two-phase region are kinks, of which one may be the minimum.
-        Search saturated(k_, {Property::h, h}, {Property::x, 0});
-        if (k_.has_dome()) {
-            saturated.along_x(Property::h, h, 0);
-            saturated.along_x(Property::h, h, 1);
-        }
-        constexpr std::size_t kSteps = 24;
-        std::array<double, kSteps + 1 + kMostFound> at{};
-        std::size_t places = 0;
-        for (std::size_t i = 0; i <= kSteps; ++i)
-            at[places++] = least + (most - least) * static_cast<double>(i) / kSteps;
-        for (std::size_t i = 0; i < saturated.count_; ++i)
-            at[places++] = std::log(saturated.found_[i].p);
-        std::sort(at.begin(), at.begin() + places);
-        Samples<kSteps + 1 + kMostFound> samples;
-        for (std::size_t i = 0; i < places; ++i) samples.add(excess, at[i]);
-        for_all(samples.zeros(excess, kZero * scale, kJump * scale), [&](double q) {
-            if (const auto found = at_p(std::exp(q))) add(*found);
-        });
+        const auto of_p = [](const Found& at) { return std::log(at.p); };
+        for_all(zeros_of(excess, least, most, false, scale, kinks(Property::h, h, of_p)),
+                [&](double q) {
+                    if (const auto found = at_p(std::exp(q))) add(*found);
+                });
         return true;
     }
 
@@ -838,7 +873,6 @@ class Flash::Search {
     const Fluid& f_;
     const SubstanceRecord& s_;
     GivenValue a_, b_;
-    static constexpr std::size_t kMostFound = 3 * Zeros::kMost;
     std::array<Found, kMostFound> found_{};
     std::size_t count_ = 0;
     bool boundary_ = false;  ///< both answers are the phases of one T and p

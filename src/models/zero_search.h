@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 /// Zeros of a continuous function of one variable, without derivatives and without allocation.
 namespace quor::models {
@@ -161,6 +162,7 @@ class Samples {
         const bool same = (a.f > 0) == (m.f > 0) && (b.f > 0) == (m.f > 0);
         if (!same || !(std::fabs(m.f) < std::fabs(a.f)) || !(std::fabs(m.f) < std::fabs(b.f)))
             return;
+        if (a.x > b.x) std::swap(a, b);
         for (int i = 0; i < 80; ++i) {
             const bool left = m.x - a.x > b.x - m.x;
             const double x = left ? m.x - kGolden * (m.x - a.x) : m.x + kGolden * (b.x - m.x);

@@ -294,6 +294,9 @@ class Sweep {
     void fail(const models::FlashState& z, models::GivenValue a, models::GivenValue b,
               const std::string& what) {
         counts_.fail(name_ + ": " + described(z, a, b) + ": " + what);
+        ++counts_.failed_by[name_.substr(name_.find(", ") + 2) + ": " +
+                            kNames[static_cast<std::size_t>(a.property)] + ", " +
+                            kNames[static_cast<std::size_t>(b.property)]];
     }
     void fail(const std::string& where, models::GivenValue a, models::GivenValue b,
               const std::string& what) {
@@ -359,6 +362,8 @@ std::string told(const Counts& c) {
                       " (" + c.worst_where + ")\n";
     for (const auto& [reason, count] : c.gaps)
         out += "  " + std::to_string(count) + "  " + reason + "\n";
+    for (const auto& [what, count] : c.failed_by)
+        out += "  FAILED " + std::to_string(count) + "  " + what + "\n";
     for (const std::string& failure : c.failures) out += "FAILED " + failure + "\n";
     return out;
 }

@@ -20,6 +20,7 @@ struct Counts {
     long ill_conditioned = 0;  ///< of the pairs, those whose values hardly tell states apart
     std::map<std::string, long> gaps;   ///< pairs or states that have no answer, by the reason told
     std::vector<std::string> failures;  ///< the first of them in words
+    std::map<std::string, long> failed_by;  ///< by equation and pair
     long failed = 0;
     double worst_pair = 0;  ///< largest difference of a value from the one asked for, over 1E-9
     std::string worst_where;
