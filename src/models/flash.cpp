@@ -283,6 +283,10 @@ class Flash::Search {
     }
 
     const Saturated& lowest() const { return k_.dome_[k_.low_node_].at; }
+    /// Where searches over p or v end.
+    double least_pressure() const {
+        return k_.has_dome() ? std::min(kLeastP, 0.1 * lowest().p) : kLeastP;
+    }
 
     /// The two phases at p below the critical pressure; nothing below the lowest node.
     std::optional<Saturated> saturated_at_p(double p) const {
@@ -659,7 +663,7 @@ class Flash::Search {
         };
         const auto at = saturated_at_T(T);
         if (!at) {
-            branch(densest, std::log(R * T / kLeastP), 0);
+            branch(densest, std::log(R * T / least_pressure()), 0);
             return true;
         }
         const double L = value_at(y, T, at->p, at->vL), V = value_at(y, T, at->p, at->vV);
@@ -667,7 +671,8 @@ class Flash::Search {
         if (monotone && inside) return true;
         if (!monotone || value < L) branch(densest, std::log(at->vL - b), at->p);
         if (!monotone || value > V)
-            branch(std::log(at->vV - b), std::log(std::max(R * T / kLeastP, 1e6 * at->vV)), 0);
+            branch(std::log(at->vV - b), std::log(std::max(R * T / least_pressure(), 1e6 * at->vV)),
+                   0);
         return true;
     }
 
@@ -743,6 +748,15 @@ class Flash::Search {
         return z.cp - p * z.table.first[4];
     }
 
+    /// The stable state on an isobar, of which there should be one only.
+    std::optional<Found> at_p_with(double p, Property y, double value) const {
+        if (!v_only())
+            if (const auto found = on_rising_isobar(p, y, value); found || k_.simple_) return found;
+        Search search(k_, {Property::p, p}, {y, value});
+        search.on_isobar(p, y, value);
+        return search.warmest();
+    }
+
     bool on_isobar(double p, Property y, double value) {
         if (k_.simple_) {
             if (const auto found = on_rising_isobar(p, y, value)) add(*found);
@@ -813,7 +827,7 @@ class Flash::Search {
         search.on_isotherm(T, Property::s, s);
         if (const auto found = search.warmest()) return {found, 0};
         // At the lowest pressure s is largest.
-        const double v = R * T / kLeastP;
+        const double v = R * T / least_pressure();
         const double largest = value_at(Property::s, T, pressure_at(T, v), v);
         return {std::nullopt, s > largest ? -HUGE_VAL : HUGE_VAL};
     }
@@ -824,8 +838,9 @@ class Flash::Search {
         return L + at.x * (V - L);
     }
 
-    /// h and u rise with T along an isentrope.
+    /// h and u rise with T along an isentrope, and with p.
     bool on_isentrope(double s, Property y, double value) {
+        if (!k_.simple_ && !v_only()) on_isentrope_by_p(s, y, value);
         const auto excess = [&](double T) {
             const AtTs at = at_T_s(T, s);
             return at.found ? value_of(*at.found, y) - value : at.side;
@@ -839,32 +854,47 @@ class Flash::Search {
         return true;
     }
 
+    /// The same over p: where b depends on T an isotherm may have several states of one s. Over T
+    /// it finds the states on both sides of a jump at the critical temperature.
+    void on_isentrope_by_p(double s, Property y, double value) {
+        const auto excess = [&](double q) {
+            const auto found = at_p_with(std::exp(q), Property::s, s);
+            return found ? value_of(*found, y) - value : kNaN;
+        };
+        const double scale = scale_of(y, value, k_.caloric_.low);
+        const auto of_p = [](const Found& at) { return std::log(at.p); };
+        for_all(zeros_of(excess, std::log(least_pressure()), most_log_p(), false, scale,
+                         kinks(Property::s, s, of_p)),
+                [&](double q) {
+                    if (const auto found = at_p_with(std::exp(q), Property::s, s)) add(*found);
+                });
+    }
+
+    /// ln p of the densest states.
+    double most_log_p() const {
+        const double b = smallest_volume(k_.caloric_.low);
+        return std::log(R * k_.caloric_.high / (kClosest * (b > 0 ? b : size_of_molecules(s_))));
+    }
+
     /// Along an isenthalp p v falls from that of the ideal gas to a minimum and rises again.
     bool at_h_u(double h, double u) {
         const double product = h - u;
         if (!(product > 0)) return true;
-        const auto at_p = [&](double p) -> std::optional<Found> {
-            if (k_.simple_) return on_rising_isobar(p, Property::h, h);
-            Search search(k_, {Property::p, p}, {Property::h, h});
-            search.on_isobar(p, Property::h, h);
-            return search.warmest();
-        };
         const auto excess = [&](double q) {
             const double p = std::exp(q);
-            const auto found = at_p(p);
+            const auto found = at_p_with(p, Property::h, h);
             return found ? p * found->v - product : kNaN;
         };
-        const double b = smallest_volume(k_.caloric_.low);
-        const double size = b > 0 ? b : size_of_molecules(s_);
-        const double least = std::log(kLeastP);
+        const double least = std::log(least_pressure());
+        // v is above b, and p v is given.
         const double most =
-            std::log(k_.simple_ ? product / b : R * k_.caloric_.high / (kClosest * size));
+            k_.simple_ ? std::log(product / smallest_volume(k_.caloric_.low)) : most_log_p();
         const double scale = scale_of(Property::h, h, k_.caloric_.low);
 
         const auto of_p = [](const Found& at) { return std::log(at.p); };
         for_all(zeros_of(excess, least, most, false, scale, kinks(Property::h, h, of_p)),
                 [&](double q) {
-                    if (const auto found = at_p(std::exp(q))) add(*found);
+                    if (const auto found = at_p_with(std::exp(q), Property::h, h)) add(*found);
                 });
         return true;
     }

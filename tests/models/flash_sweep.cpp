@@ -332,6 +332,7 @@ void sweep(const models::Fluid& fluid, const std::string& name, int states, Coun
 void sweep_all(int states, std::size_t first, std::size_t stride, Counts& counts) {
     std::size_t place = 0;
     for (const std::string& name : fluids::AllNames()) {
+        ++place;  // so that the equations take turns whatever the stride
         const models::SubstanceRecord substance = fluids::correlated_row(name);
         for (const models::EquationOfState* row : models::equations()) {
             if (place++ % stride != first) continue;
