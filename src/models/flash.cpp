@@ -63,8 +63,8 @@ constexpr double kZero = 1e-11, kJump = 1e-9;  // of the scale of a value
 // ---- What is known of a fluid before a search
 
 bool Flash::equation_holds(double T) const {
-    if (fluid_.models().vapour_only) return true;
     const EosState s = eos_at(fluid_, T);
+    if (fluid_.models().vapour_only && s.a == 0) return true;  // B has a form of its own
     return s.b > 0 && s.a - T * eos_slopes(fluid_, s, T).a1 > 0;
 }
 
@@ -622,7 +622,11 @@ class Flash::Search {
             if (kinks.at[i] > low && kinks.at[i] < high) at[count++] = kinks.at[i];
         if (kinks.count > 0) std::sort(at.begin(), at.begin() + count);
         Samples<kMany + 1 + kMostFound> samples;
-        for (std::size_t i = 0; i < count; ++i) samples.add(f, at[i]);
+        const auto* const end = kinks.at.begin() + kinks.count;
+        for (std::size_t i = 0; i < count; ++i) {
+            samples.add(f, at[i]);
+            if (std::find(kinks.at.begin(), end, at[i]) != end) samples.turn();
+        }
         return samples.zeros(f, kZero * scale, kJump * scale);
     }
 
@@ -708,8 +712,9 @@ class Flash::Search {
     }
 
     /// The state on an isobar of a simple equation, where h, s and u rise with T.
-    std::optional<Found> on_rising_isobar(double p, Property y, double value) const {
-        double low = k_.caloric_.low, high = k_.caloric_.high;
+    std::optional<Found> on_rising_isobar(double p, Property y, double value,
+                                          const FlashRange& within) const {
+        double low = within.low, high = within.high;
         Side side = p < s_.pcrit ? Side::vapour : Side::only;
         double start = 0.5 * (low + std::min(high, 2 * s_.Tcrit));
         if (const auto at = saturated_at_p(p)) {
@@ -723,7 +728,10 @@ class Flash::Search {
             }
             const bool liquid = value < L;
             side = liquid ? Side::liquid : Side::vapour;
-            (liquid ? high : low) = at->T;
+            if (liquid)
+                high = std::min(high, at->T);
+            else
+                low = std::max(low, at->T);
             start = at->T + (liquid ? value - L : value - V) /
                                 slope_on_isobar(y, liquid ? *zL : *zV, at->T, p);
         }
@@ -748,18 +756,40 @@ class Flash::Search {
         return z.cp - p * z.table.first[4];
     }
 
-    /// The stable state on an isobar, of which there should be one only.
-    std::optional<Found> at_p_with(double p, Property y, double value) const {
-        if (!v_only())
-            if (const auto found = on_rising_isobar(p, y, value); found || k_.simple_) return found;
+    /// The stable state on an isobar within a range of T where there should be one only.
+    std::optional<Found> at_p_with(double p, Property y, double value,
+                                   const FlashRange& within) const {
+        if (!v_only()) return on_rising_isobar(p, y, value, within);
         Search search(k_, {Property::p, p}, {y, value});
         search.on_isobar(p, y, value);
         return search.warmest();
     }
 
+    /// The states of a function of p, of which `excess` is zero, along the line of a value.
+    template <class Excess>
+    void along_p(Property y, double value, double most, double scale, Excess excess) {
+        const auto of_p = [](const Found& at) { return std::log(at.p); };
+        const Kinks turns = kinks(y, value, of_p);
+        const auto within = [&](const FlashRange& range) {
+            const auto f = [&](double q) {
+                const auto at = at_p_with(std::exp(q), y, value, range);
+                return at ? excess(*at) : kNaN;
+            };
+            for_all(zeros_of(f, std::log(least_pressure()), most, false, scale, turns),
+                    [&](double q) {
+                        if (const auto at = at_p_with(std::exp(q), y, value, range)) add(*at);
+                    });
+        };
+        const FlashRange& all = k_.caloric_;
+        const double Tc = s_.Tcrit;
+        if (k_.simple_ || v_only() || !(all.low < Tc && all.high > Tc)) return within(all);
+        within({all.low, Tc});
+        within({std::nextafter(Tc, 2 * Tc), all.high});
+    }
+
     bool on_isobar(double p, Property y, double value) {
         if (k_.simple_) {
-            if (const auto found = on_rising_isobar(p, y, value)) add(*found);
+            if (const auto found = on_rising_isobar(p, y, value, k_.caloric_)) add(*found);
             return true;
         }
         double low = k_.caloric_.low, high = k_.caloric_.high;
@@ -838,9 +868,14 @@ class Flash::Search {
         return L + at.x * (V - L);
     }
 
-    /// h and u rise with T along an isentrope, and with p.
+    /// h and u rise with T along an isentrope, and with p. Where b depends on T an isotherm may
+    /// have several states of one s, an isobar has not.
     bool on_isentrope(double s, Property y, double value) {
-        if (!k_.simple_ && !v_only()) on_isentrope_by_p(s, y, value);
+        if (!k_.simple_ && !v_only()) {
+            along_p(Property::s, s, most_log_p(), scale_of(y, value, k_.caloric_.low),
+                    [&](const Found& at) { return value_of(at, y) - value; });
+            return true;
+        }
         const auto excess = [&](double T) {
             const AtTs at = at_T_s(T, s);
             return at.found ? value_of(*at.found, y) - value : at.side;
@@ -848,26 +883,8 @@ class Flash::Search {
         const auto take = [&](double T) {
             if (const AtTs at = at_T_s(T, s); at.found) add(*at.found);
         };
-        const auto of_T = [](const Found& at) { return at.T; };
-        over_T(excess, k_.caloric_, scale_of(y, value, k_.caloric_.low), take,
-               k_.simple_ ? Kinks{} : kinks(Property::s, s, of_T));
+        over_T(excess, k_.caloric_, scale_of(y, value, k_.caloric_.low), take);
         return true;
-    }
-
-    /// The same over p: where b depends on T an isotherm may have several states of one s. Over T
-    /// it finds the states on both sides of a jump at the critical temperature.
-    void on_isentrope_by_p(double s, Property y, double value) {
-        const auto excess = [&](double q) {
-            const auto found = at_p_with(std::exp(q), Property::s, s);
-            return found ? value_of(*found, y) - value : kNaN;
-        };
-        const double scale = scale_of(y, value, k_.caloric_.low);
-        const auto of_p = [](const Found& at) { return std::log(at.p); };
-        for_all(zeros_of(excess, std::log(least_pressure()), most_log_p(), false, scale,
-                         kinks(Property::s, s, of_p)),
-                [&](double q) {
-                    if (const auto found = at_p_with(std::exp(q), Property::s, s)) add(*found);
-                });
     }
 
     /// ln p of the densest states.
@@ -880,23 +897,28 @@ class Flash::Search {
     bool at_h_u(double h, double u) {
         const double product = h - u;
         if (!(product > 0)) return true;
-        const auto excess = [&](double q) {
-            const double p = std::exp(q);
-            const auto found = at_p_with(p, Property::h, h);
-            return found ? p * found->v - product : kNaN;
-        };
-        const double least = std::log(least_pressure());
+        if (v_only()) at_h_u_of_virial(h, product);
         // v is above b, and p v is given.
         const double most =
             k_.simple_ ? std::log(product / smallest_volume(k_.caloric_.low)) : most_log_p();
-        const double scale = scale_of(Property::h, h, k_.caloric_.low);
-
-        const auto of_p = [](const Found& at) { return std::log(at.p); };
-        for_all(zeros_of(excess, least, most, false, scale, kinks(Property::h, h, of_p)),
-                [&](double q) {
-                    if (const auto found = at_p_with(std::exp(q), Property::h, h)) add(*found);
-                });
+        along_p(Property::h, h, most, scale_of(Property::h, h, k_.caloric_.low),
+                [&](const Found& at) { return at.p * at.v - product; });
         return true;
+    }
+
+    /// p v = R T v/(v - B) gives v at each T; of a thin gas hardly.
+    void at_h_u_of_virial(double h, double product) {
+        const auto volume = [&](double T) {
+            const double B = second_virial(f_, T);
+            const double v = product * B / (product - R * T);
+            return v > std::max(0.0, B) && std::isfinite(v) ? v : kNaN;
+        };
+        const auto excess = [&](double T) {
+            const double v = volume(T);
+            return v > 0 ? value_at(Property::h, T, product / v, v) - h : kNaN;
+        };
+        over_T(excess, k_.caloric_, scale_of(Property::h, h, k_.caloric_.low),
+               [&](double T) { add_single(T, product / volume(T), volume(T)); });
     }
 
     const Flash& k_;

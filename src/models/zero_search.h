@@ -115,6 +115,11 @@ class Samples {
         any_ = true;
     }
 
+    /// The function has a kink at the last sample.
+    void turn() {
+        if (inside_) put(last_, true);
+    }
+
     /// All zeros: of each change of sign, of each sample within `tolerance`, and of each extremum
     /// that reaches it. At a jump there is none.
     template <class F>
@@ -206,8 +211,8 @@ class Samples {
         samples_[count_++] = s;
     }
 
-    std::array<Sample, 2 * N + 2> samples_{};
-    std::array<bool, 2 * N + 2> first_{};  ///< a sample begins a part of the domain
+    std::array<Sample, 3 * N + 2> samples_{};
+    std::array<bool, 3 * N + 2> first_{};  ///< a sample begins a part of the domain
     std::size_t count_ = 0;
     Sample last_;
     bool any_ = false, inside_ = false;
