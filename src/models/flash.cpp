@@ -227,9 +227,13 @@ class Flash::Search {
             if (!k_.has_dome()) return refuse(NoFlashReason::noSaturation);
         }
         const bool one_variable = is_of_T_alone(a_.property) && is_of_T_alone(b_.property);
-        if (f_.equation().eos == Eos::idealGas && one_variable)
-            return refuse(NoFlashReason::onlyOfT);
+        if (one_variable && is_ideal()) return refuse(NoFlashReason::onlyOfT);
         return true;
+    }
+    /// The ideal gas, also as a virial equation whose coefficients are 0.
+    bool is_ideal() const {
+        return v_only() && second_virial(f_, k_.range_.low) == 0 &&
+               second_virial(f_, k_.range_.high) == 0;
     }
     static bool is_of_T_alone(Property y) {
         return y == Property::T || y == Property::h || y == Property::u;

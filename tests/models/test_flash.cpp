@@ -284,7 +284,7 @@ TEST(Flash, RefusesWhatCannotBeAndSaysWhy) {
     EXPECT_EQ(refused(flash, {h, 300}, {Property::v, 0.01}), belowCovolume);
     EXPECT_EQ(refused(flash, {Property::p, 100}, {h, 1e7}), noSolution);
     EXPECT_EQ(refused(flash, {Property::p, 100}, {h, -1e7}), noSolution);
-    EXPECT_EQ(refused(flash, {h, 1e7}, {s, 0}), noSolution);
+    EXPECT_EQ(refused(flash, {h, -1e7}, {s, 0}), noSolution);
     EXPECT_EQ(refused(flash, {h, 0}, {u, 1}), noSolution);  // p v would be negative
     EXPECT_EQ(refused(flash, {Property::p, 100}, {h, 0}, FlashChoice::second), noSuchAnswer);
 }
@@ -330,6 +330,15 @@ TEST(Flash, OfTheIdealGasTakesNoTwoFunctionsOfTAlone) {
     const Flash flash = flash_of(perfect_gas());
     for (const auto& [a, b] : {std::pair{Property::T, h}, {Property::T, u}, {h, u}})
         EXPECT_EQ(refused(flash, {a, 300}, {b, 200}), NoFlashReason::onlyOfT);
+}
+
+TEST(Flash, OfAVirialEquationWithoutCoefficientsIsThatOfTheIdealGas) {
+    const Medium medium(fluids::changed(
+        fluids::fluid("Argon", Eos::manualVirial),
+        [](auto&, auto& models) { models.manual_virial = {.b0 = 0, .b1 = 0, .b2 = 0}; }));
+    const Flash flash = flash_of(medium);
+    EXPECT_EQ(refused(flash, {Property::T, 300}, {h, 200}), NoFlashReason::onlyOfT);
+    EXPECT_NEAR(found(flash, {Property::T, 300}, {Property::p, 100}).v, R * 3, 1e-12 * R * 3);
 }
 
 TEST(Flash, WhereTheVirialEquationHasNoVolumeThereIsNoState) {
@@ -436,13 +445,13 @@ TEST(Flash, AFunctionForOneStateGivesTheSame) {
 // A part of the sweep that tools/sweep-flash runs in full.
 TEST(Flash, EveryPairOfEveryStateLeadsBackToIt) {
     flash_sweep::Counts counts;
-    flash_sweep::sweep_all(6, 0, 19, counts);
+    flash_sweep::sweep_all(5, 0, 23, counts);
     std::fputs(told(counts).c_str(), stdout);
     EXPECT_EQ(counts.failed, 0);
-    EXPECT_GT(counts.fluids, 120);
-    EXPECT_GT(counts.states, 700);
-    EXPECT_GT(counts.two_phases, 90);
-    EXPECT_GT(counts.pairs, 10000);
+    EXPECT_GT(counts.fluids, 100);
+    EXPECT_GT(counts.states, 450);
+    EXPECT_GT(counts.two_phases, 60);
+    EXPECT_GT(counts.pairs, 7000);
     EXPECT_LT(counts.ill_conditioned, counts.pairs / 1000);
 }
 
