@@ -8,6 +8,8 @@ namespace quor::quorcalc {
 
 /// The database, equations of state, states and saturation.
 std::vector<Command> state_commands();
+/// States from any two properties.
+std::vector<Command> flash_commands();
 /// Densities, enthalpy of vaporisation, ideal-gas cp, caloric functions.
 std::vector<Command> property_commands();
 /// Whole calculations and batch runs.

@@ -9,6 +9,7 @@ using A = Arguments;
 constexpr std::string_view kPriorities[] = {"ceos", "vp"};
 constexpr std::string_view kUnits[] = {"molar", "specific", "reduced"};
 constexpr std::string_view kReferences[] = {"1", "2", "10"};
+constexpr std::string_view kChoices[] = {"first", "second", "third"};
 
 constexpr Option kCommon[] = {
     {"db", &A::db, "database file (default: STUDENT.Q05 in the program's folder)"},
@@ -68,6 +69,10 @@ constexpr Option kOwn[] = {
     {"fix", &A::fix, "numbers of fixed parameters i,j, or none"},
     {"propose", &A::propose, "start values proposed from the points"},
     {"groups", &A::groups, "\"-CH3=2,>CH-=1\""},
+    {"given", &A::given,
+     "two of T, p, v, rho, h, s, u, x (vapour fraction) with their values: h=-2000,s=-90 (K, kPa, "
+     "m^3/kmol, kg/m^3, kJ/kmol, kJ/(kmol K))"},
+    {"choice", &A::choice, "which of several states, from the densest on", kChoices},
     {"liquid", &A::liquid, "benson or rhoT"},
     {"from", &A::from, "begin of the range of p/kPa or T/K of two functions over each other"},
     {"to", &A::to, "its end"},

@@ -1,0 +1,1015 @@
+#include "models/flash.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "models/cubic_eos.h"
+#include "models/equal_fugacity.h"
+#include "models/saturation.h"
+#include "models/state_solver.h"
+#include "models/validity.h"
+#include "models/virial.h"
+#include "models/zero_search.h"
+
+namespace quor::models {
+
+using constants::R;
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+constexpr bool is_caloric(Property y) {
+    return y == Property::h || y == Property::s || y == Property::u;
+}
+
+template <class Values>
+double of(const Values& z, Property y) {
+    return y == Property::h ? z.h : y == Property::s ? z.s : z.u;
+}
+
+/// What a difference of two values is measured by.
+double scale_of(Property y, double value, double T) {
+    const double size = std::fabs(value);
+    if (y == Property::s) return std::max(size, R);
+    if (is_caloric(y)) return std::max(size, R * T);
+    return y == Property::x ? 1.0 : size;
+}
+
+/// A volume by which isotherms are measured; the covolume of van der Waals' equation.
+double size_of_molecules(const SubstanceRecord& s) {
+    return s.Tcrit > 0 && s.pcrit > 0 ? R * s.Tcrit / (8 * s.pcrit) : 0.05;
+}
+
+/// The cp set in use; null without one.
+const CpSet* cp_set_of(const Fluid& f) {
+    if (f.models().cp_form == CpForm::polynomial) return &f.substance().cp_polynomial;
+    if (f.models().cp_form == CpForm::sinhCosh) return &f.substance().cp_sinh_cosh;
+    return nullptr;
+}
+
+constexpr double kLowestTr = 0.45, kBelowTriple = 0.9;
+constexpr double kHighestTr = 10, kHighestT = 3000;  // K
+constexpr double kUsualT = 300;                      // K, of a fluid without a critical point
+constexpr double kLeastP = 1e-9;                     // kPa: thinner gases are not searched
+constexpr double kClosest = 1e-4;                    // (v - b)/b of the densest states
+
+constexpr double kZero = 1e-11, kJump = 1e-9;  // of the scale of a value
+
+}  // namespace
+
+// ---- What is known of a fluid before a search
+
+bool Flash::equation_holds(double T) const {
+    const EosState s = eos_at(fluid_, T);
+    if (fluid_.models().vapour_only && s.a == 0) return true;  // B has a form of its own
+    return s.b > 0 && s.a - T * eos_slopes(fluid_, s, T).a1 > 0;
+}
+
+void Flash::find_ranges() {
+    constexpr double kStep = 1.03;
+    const SubstanceRecord& s = fluid_.substance();
+    const double Tc = s.Tcrit > 0 ? s.Tcrit : kUsualT;
+    const auto triple = static_cast<double>(s.Ttriple);
+    const double lowest = triple > 0 ? std::min(triple, kLowestTr * Tc) : kLowestTr * Tc;
+    const double least = kBelowTriple * lowest, most = std::max(kHighestTr * Tc, kHighestT);
+
+    // From T outwards as far as `holds`, to the digit.
+    const auto end_of = [](auto holds, double T, double step, double end) {
+        double inside = T;
+        for (;;) {
+            const double next =
+                step > 1 ? std::min(inside * step, end) : std::max(inside * step, end);
+            if (!holds(next)) {
+                double outside = next;
+                for (int i = 0; i < 40; ++i) {
+                    const double middle = 0.5 * (inside + outside);
+                    (holds(middle) ? inside : outside) = middle;
+                }
+                return inside;
+            }
+            if (next == end) return end;
+            inside = next;
+        }
+    };
+    const auto equation = [this](double T) { return equation_holds(T); };
+    if (!equation(Tc)) return;
+    range_ = {end_of(equation, Tc, 1 / kStep, least), end_of(equation, Tc, kStep, most)};
+
+    const CpSet* set = cp_set_of(fluid_);
+    if (!set) return;
+    const auto caloric = [&](double T) {
+        return T >= range_.low && T <= range_.high &&
+               ideal_gas_cp(s, fluid_.models().cp_form, T).value_or(0) > R &&
+               ideal_gas_functions(s, fluid_.models().cp_form, reference_, T, 1.0);
+    };
+    const double middle = 0.5 * (set->T_low + set->T_high);
+    for (const double T : {Tc, std::clamp(middle, range_.low, range_.high)}) {
+        if (!caloric(T)) continue;
+        caloric_ = {end_of(caloric, T, 1 / kStep, range_.low),
+                    end_of(caloric, T, kStep, range_.high)};
+        return;
+    }
+}
+
+void Flash::find_dome() {
+    const SubstanceRecord& s = fluid_.substance();
+    const double vc = fluid_.eos().vcrit_calculated;
+    if (fluid_.models().vapour_only || !(range_.high > s.Tcrit) || !(s.pcrit > 0) || !(vc > 0))
+        return;
+    dome_low_ = range_.low;
+    const auto caloric = [&](double T, double p, double v) {
+        Caloric c{kNaN, kNaN, kNaN};
+        const auto z =
+            caloric_.high > 0 ? state_functions(fluid_, reference_, {}, T, p, v) : std::nullopt;
+        if (z) c = {z->h, z->s, z->u};
+        return c;
+    };
+    for (std::size_t k = kNodes; k-- > 0;) {
+        Node& node = dome_[k];
+        Saturated& at = node.at;
+        if (k == kNodes - 1) {
+            at = {s.Tcrit, s.pcrit, vc, vc};
+        } else {
+            const double t = 1 - static_cast<double>(k) / static_cast<double>(kNodes - 1);
+            at.T = s.Tcrit - (s.Tcrit - dome_low_) * t * t;
+            std::optional<Saturation> found;
+            if (k + 2 < kNodes) {
+                // ln p over 1/T is nearly straight.
+                const Node &a = dome_[k + 2], &b = dome_[k + 1];
+                const double slope = (b.log_p - a.log_p) / (1 / b.at.T - 1 / a.at.T);
+                const double guess = b.log_p + slope * (1 / at.T - 1 / b.at.T);
+                found = equilibrium_near_p(fluid_, at.T, std::exp(guess));
+            }
+            if (!found) found = saturation_pressure(fluid_, at.T);
+            if (!found || !(found->v[2] > found->v[0]) || !(found->v[0] > 0)) return;
+            at.p = found->p;
+            at.vL = found->v[0];
+            at.vV = found->v[2];
+        }
+        node.log_p = std::log(at.p);
+        node.L = caloric(at.T, at.p, at.vL);
+        node.V = at.vV == at.vL ? node.L : caloric(at.T, at.p, at.vV);
+        low_node_ = k;
+    }
+}
+
+Flash::Flash(const Fluid& fluid, const ReferenceState& reference,
+             const std::optional<Surroundings>& surroundings)
+    : fluid_(fluid), reference_(reference), surroundings_(surroundings) {
+    const EquationOfState& row = fluid.equation();
+    simple_ = row.family == EosFamily::cubic && fluid.eos().nb == 0 && fluid.eos().nc == 0 &&
+              fluid.eos().nd == 0 && row.eos != Eos::jiTorvik1 && row.eos != Eos::jiTorvik2;
+    find_ranges();
+    find_dome();
+}
+
+// ---- A search
+
+/// One call: the states that have both values.
+class Flash::Search {
+  public:
+    Search(const Flash& flash, GivenValue a, GivenValue b)
+        : k_(flash), f_(flash.fluid_), s_(f_.substance()), a_(a), b_(b) {}
+
+    Result<FlashState, NoFlash> state(FlashChoice choice) {
+        if (a_.property > b_.property) std::swap(a_, b_);
+        if (!admit() || !find()) return refusal();
+        if (count_ == 0) return refuse(NoFlashReason::noSolution), refusal();
+        drop_unstable();
+        if (count_ == 0) return refuse(NoFlashReason::unstable), refusal();
+        std::sort(found_.begin(), found_.begin() + count_,
+                  [](const Found& a, const Found& b) { return a.v < b.v; });
+        drop_doubles();
+        return told(choice);
+    }
+
+  private:
+    /// A state that was found.
+    struct Found {
+        double T = 0, p = 0, v = 0;
+        bool two = false;
+        double x = 0;
+        Saturated at;  ///< of two phases
+    };
+    enum class Side { liquid, vapour, only };
+    static constexpr std::size_t kMostFound = 3 * Zeros::kMost;
+
+    bool refuse(NoFlashReason why) {
+        why_ = why;
+        return false;
+    }
+    NoFlash refusal() const { return {why_, searched_.low, searched_.high}; }
+    bool has(Property y) const { return a_.property == y || b_.property == y; }
+    bool v_only() const { return f_.models().vapour_only; }
+
+    // -- What cannot be, before any search
+
+    bool admit() {
+        for (const GivenValue& g : {a_, b_}) {
+            if (!std::isfinite(g.value)) return refuse(NoFlashReason::notANumber);
+            const bool positive =
+                g.property == Property::T || g.property == Property::p || g.property == Property::v;
+            if (positive && !(g.value > 0)) return refuse(NoFlashReason::notPositive);
+            if (g.property == Property::x && !(g.value >= 0 && g.value <= 1))
+                return refuse(NoFlashReason::outsideFraction);
+        }
+        if (a_.property == b_.property) return refuse(NoFlashReason::sameProperty);
+        if (f_.equation().eos == Eos::none || !(k_.range_.high > 0))
+            return refuse(NoFlashReason::noEquation);
+        if (is_caloric(b_.property) || is_caloric(a_.property)) {
+            if (!(k_.caloric_.high > 0)) return refuse(NoFlashReason::noHeatCapacity);
+        }
+        if (has(Property::x)) {
+            if (v_only()) return refuse(NoFlashReason::noLiquid);
+            if (!k_.has_dome()) return refuse(NoFlashReason::noSaturation);
+        }
+        const bool one_variable = is_of_T_alone(a_.property) && is_of_T_alone(b_.property);
+        if (one_variable && is_ideal()) return refuse(NoFlashReason::onlyOfT);
+        return true;
+    }
+    /// The ideal gas, also as a virial equation whose coefficients are 0.
+    bool is_ideal() const {
+        return v_only() && second_virial(f_, k_.range_.low) == 0 &&
+               second_virial(f_, k_.range_.high) == 0;
+    }
+    static bool is_of_T_alone(Property y) {
+        return y == Property::T || y == Property::h || y == Property::u;
+    }
+
+    bool find() {
+        const double a = a_.value, b = b_.value;
+        const Property y = b_.property;
+        searched_ = is_caloric(y) || is_caloric(a_.property) ? k_.caloric_ : k_.range_;
+        if (y == Property::x) {
+            if (a_.property == Property::T) return at_T_x(a, b);
+            if (a_.property == Property::p) return at_p_x(a, b);
+            return along_x(a_.property, a, b);
+        }
+        if (a_.property == Property::T) {
+            searched_ = {};
+            if (y == Property::p) return at_T_p(a, b);
+            if (y == Property::v) return at_T_v(a, b);
+            return on_isotherm(a, y, b);
+        }
+        if (a_.property == Property::p) return y == Property::v ? at_p_v(a, b) : on_isobar(a, y, b);
+        if (a_.property == Property::v) return on_isochore(a, y, b);
+        if (a_.property == Property::h && y == Property::u) return at_h_u(a, b);
+        return a_.property == Property::s ? on_isentrope(a, y, b) : on_isentrope(b, Property::h, a);
+    }
+
+    // -- The two-phase region
+
+    /// ln p(LV) between two nodes, straight over 1/T.
+    double guessed_p(double T) const {
+        const double t = std::sqrt((s_.Tcrit - T) / (s_.Tcrit - k_.dome_low_));
+        const double place = (1 - t) * static_cast<double>(kNodes - 1);
+        if (!(place >= static_cast<double>(k_.low_node_))) return 0;
+        const std::size_t i = std::min(static_cast<std::size_t>(place), kNodes - 2);
+        const Node &a = k_.dome_[i], &b = k_.dome_[i + 1];
+        const double part = (1 / T - 1 / a.at.T) / (1 / b.at.T - 1 / a.at.T);
+        return std::exp(a.log_p + part * (b.log_p - a.log_p));
+    }
+
+    static std::optional<Saturated> checked(const std::optional<Saturation>& s) {
+        if (!s || !(s->v[2] > s->v[0]) || !(s->v[0] > 0)) return std::nullopt;
+        return Saturated{s->T, s->p, s->v[0], s->v[2]};
+    }
+
+    /// The two phases at T; nothing at and above the critical point, and where there are none.
+    std::optional<Saturated> saturated_at_T(double T) const {
+        if (!k_.has_dome() || !(T < s_.Tcrit)) return std::nullopt;
+        if (const double guess = guessed_p(T); guess > 0)
+            if (const auto near = checked(equilibrium_near_p(f_, T, guess))) return near;
+        return checked(saturation_pressure(f_, T));
+    }
+
+    const Saturated& lowest() const { return k_.dome_[k_.low_node_].at; }
+    /// Where searches over p or v end.
+    double least_pressure() const {
+        return k_.has_dome() ? std::min(kLeastP, 0.1 * lowest().p) : kLeastP;
+    }
+
+    /// The two phases at p below the critical pressure; nothing below the lowest node.
+    std::optional<Saturated> saturated_at_p(double p) const {
+        if (!k_.has_dome() || !(p < s_.pcrit) || p < lowest().p) return std::nullopt;
+        const double log_p = std::log(p);
+        const auto* const begin = k_.dome_.data() + k_.low_node_;
+        const auto* const end = k_.dome_.data() + kNodes;
+        const auto* above = std::upper_bound(
+            begin, end, log_p, [](double x, const Node& node) { return x < node.log_p; });
+        above = std::clamp(above, begin + 1, end - 1);
+        const Node &a = above[-1], &b = *above;
+        const double part = (log_p - a.log_p) / (b.log_p - a.log_p);
+        const double guess = 1 / (1 / a.at.T + part * (1 / b.at.T - 1 / a.at.T));
+        if (const auto near = checked(equilibrium_near_T(f_, p, guess));
+            near && near->T >= a.at.T * (1 - 1e-9) && near->T <= b.at.T * (1 + 1e-9))
+            return near;
+        // Near the critical point the loop is narrower than the guess is good.
+        const auto excess = [&](double T) {
+            const auto at = saturated_at_T(T);
+            return at ? std::log(at->p) - log_p : kNaN;
+        };
+        const Sample zero =
+            zero_between(excess, {a.at.T, a.log_p - log_p}, {b.at.T, b.log_p - log_p});
+        auto at = saturated_at_T(zero.x);
+        if (!at || std::fabs(at->p / p - 1) > 1e-10) return std::nullopt;
+        at->p = p;
+        return at;
+    }
+
+    // -- States of one phase
+
+    /// h, s or u of one phase; NaN where it has none.
+    double value_at(Property y, double T, double p, double v) const {
+        const auto z = state_functions(f_, k_.reference_, {}, T, p, v);
+        return z ? of(*z, y) : kNaN;
+    }
+    double pressure_at(double T, double v) const {
+        return pressure_from_Tv(f_, T, v).value_or(kNaN);
+    }
+    /// The smallest volume at T.
+    double smallest_volume(double T) const {
+        return std::max(0.0, v_only() ? second_virial(f_, T) : eos_at(f_, T).b);
+    }
+
+    /// The volume of a phase at T and p; NaN where there is none.
+    double volume_at(double T, double p, Side side) const {
+        if (v_only()) {
+            const double v = R * T / p + second_virial(f_, T);
+            return v > smallest_volume(T) && std::isfinite(v) ? v : kNaN;
+        }
+        const EosState s = eos_at(f_, T);
+        const auto roots = solve_cubic(s, T, p);
+        if (!roots) return kNaN;
+        const auto count = static_cast<std::size_t>(roots->count);
+        double v = kNaN;
+        for (std::size_t i = 0; i < count; ++i) {
+            const double root = roots->v[i];
+            if (!(root > s.b) || !(root > 0)) continue;
+            v = root;
+            if (side == Side::liquid) break;
+        }
+        return v;
+    }
+
+    // -- What was found
+
+    void add(const Found& found) {
+        if (count_ < found_.size()) found_[count_++] = found;
+    }
+    void add_single(double T, double p, double v) {
+        if (T > 0 && p > 0 && v > 0) add({.T = T, .p = p, .v = v, .two = false, .x = 0, .at = {}});
+    }
+    void add_two(const Saturated& at, double x) {
+        const double part = std::clamp(x, 0.0, 1.0);
+        add({.T = at.T,
+             .p = at.p,
+             .v = at.vL + part * (at.vV - at.vL),
+             .two = true,
+             .x = part,
+             .at = at});
+    }
+
+    /// Far from where they were made for, some equations have states whose cv is not positive.
+    void drop_unstable() {
+        if (k_.simple_ || !(k_.caloric_.high > 0)) return;
+        const auto unstable = [&](const Found& at) {
+            const auto z =
+                at.two ? std::nullopt : state_functions(f_, k_.reference_, {}, at.T, at.p, at.v);
+            return z && !(z->cv > 0);
+        };
+        const auto* const end = std::remove_if(found_.begin(), found_.begin() + count_, unstable);
+        count_ = static_cast<std::size_t>(end - found_.data());
+    }
+
+    /// The stable state of the highest T, where there should be one only.
+    std::optional<Found> warmest() {
+        drop_unstable();
+        const auto* const best =
+            std::max_element(found_.begin(), found_.begin() + count_,
+                             [](const Found& a, const Found& b) { return a.T < b.T; });
+        return count_ > 0 ? std::optional(*best) : std::nullopt;
+    }
+
+    /// The end of one search is the start of another, where both find the same state.
+    void drop_doubles() {
+        constexpr double kSame = 1e-7;
+        std::size_t kept = 1;
+        for (std::size_t i = 1; i < count_; ++i) {
+            const Found& last = found_[kept - 1];
+            const bool same = std::fabs(found_[i].v / last.v - 1) < kSame &&
+                              std::fabs(found_[i].T / last.T - 1) < kSame && !boundary_;
+            if (!same) found_[kept++] = found_[i];
+        }
+        count_ = kept;
+    }
+
+    Result<FlashState, NoFlash> told(FlashChoice choice) {
+        const auto wanted = static_cast<std::size_t>(choice);
+        Result<FlashState, NoFlash> r = FlashState{};
+        int answers = 0;
+        for (std::size_t i = 0; i < count_; ++i) {
+            // Next to the critical point rounding may keep a state from having its values: it is
+            // none then, whatever the choice.
+            if (count_ == 1 || static_cast<std::size_t>(answers) == wanted) {
+                if (complete(found_[i], *r)) r->answer = answers++;
+            } else {
+                FlashState other;
+                answers += complete(found_[i], other) ? 1 : 0;
+            }
+        }
+        if (answers == 0) return refusal();
+        if (wanted >= static_cast<std::size_t>(answers))
+            return refuse(NoFlashReason::noSuchAnswer), refusal();
+        r->answers = answers;
+        return r;
+    }
+
+    FlashPhase phase_of(const Found& at) const {
+        if (at.two) return FlashPhase::twoPhases;
+        if (v_only()) return FlashPhase::vapour;
+        if (at.T < s_.Tcrit)
+            return at.v < f_.eos().vcrit_calculated ? FlashPhase::liquid : FlashPhase::vapour;
+        return at.p > s_.pcrit ? FlashPhase::supercritical : FlashPhase::vapour;
+    }
+
+    bool complete(const Found& at, FlashState& r) {
+        r = {};
+        r.T = at.T;
+        r.p = at.p;
+        r.v = at.v;
+        r.phase = phase_of(at);
+        const auto values = [&](double v) {
+            return state_functions(f_, k_.reference_, k_.surroundings_, at.T, at.p, v);
+        };
+        if (at.two) {
+            r.x = at.x;
+            r.L = FlashPart{at.at.vL, values(at.at.vL)};
+            r.V = FlashPart{at.at.vV, values(at.at.vV)};
+            if (r.L->values && r.V->values) {
+                const StateValues &L = *r.L->values, &V = *r.V->values;
+                const auto mixed = [&](double l, double v) { return l + at.x * (v - l); };
+                r.values = FlashValues{mixed(L.h, V.h), mixed(L.u, V.u), mixed(L.s, V.s),
+                                       mixed(L.g, V.g), mixed(L.a, V.a)};
+            }
+        } else if ((r.single = values(at.v))) {
+            const StateValues& z = *r.single;
+            r.values = FlashValues{z.h, z.u, z.s, z.g, z.a};
+        }
+        const auto triple = static_cast<double>(s_.Ttriple);
+        r.below_triple = triple > 0 && at.T < triple;
+        if (const CpSet* set = cp_set_of(f_); set && both_given({set->T_low, set->T_high}))
+            r.cp_deviation = deviation_of(at.T, {set->T_low, set->T_high});
+        return keeps(a_, r) && keeps(b_, r);
+    }
+
+    /// The state has a given value, which it then bears to the digit.
+    bool keeps(const GivenValue& g, FlashState& r) {
+        constexpr double kTolerance = 1e-9;
+        double value = g.value;
+        switch (g.property) {
+            case Property::T:
+                value = std::exchange(r.T, g.value);
+                break;
+            case Property::p:
+                value = std::exchange(r.p, g.value);
+                break;
+            case Property::v:
+                value = std::exchange(r.v, g.value);
+                break;
+            case Property::x:
+                value = r.x.value_or(kNaN);
+                break;
+            default:
+                if (!r.values) return refuse(NoFlashReason::noHeatCapacity);
+                value = of(*r.values, g.property);
+        }
+        const bool kept =
+            std::fabs(value - g.value) <= kTolerance * scale_of(g.property, g.value, r.T);
+        return kept || refuse(NoFlashReason::noSolution);
+    }
+
+    // -- T with p, v, x
+
+    bool at_T_p(double T, double p) {
+        constexpr double kSame = 1e-10;
+        if (v_only()) {
+            const double v = volume_at(T, p, Side::only);
+            if (!(v > 0)) return refuse(NoFlashReason::noState);
+            add_single(T, p, v);
+            return true;
+        }
+        const auto at = saturated_at_T(T);
+        if (at && std::fabs(p / at->p - 1) < kSame) {
+            boundary_ = true;
+            add_two(*at, 0);
+            add_two(*at, 1);
+            return true;
+        }
+        const Side side = at                             ? p > at->p ? Side::liquid : Side::vapour
+                          : T < s_.Tcrit && p > s_.pcrit ? Side::liquid
+                                                         : Side::vapour;
+        const double v = volume_at(T, p, side);
+        if (!(v > 0)) return refuse(NoFlashReason::noState);
+        add_single(T, p, v);
+        return true;
+    }
+
+    bool at_T_v(double T, double v) {
+        if (!(v > smallest_volume(T))) return refuse(NoFlashReason::belowCovolume);
+        const auto at = saturated_at_T(T);
+        if (at && v >= at->vL && v <= at->vV) {
+            add_two(*at, (v - at->vL) / (at->vV - at->vL));
+            return true;
+        }
+        double p = pressure_at(T, v);
+        // Of a liquid at a low pressure p is the rounding of two large terms.
+        if (at && v < at->vL) p = std::max(p, at->p);
+        if (!(p > 0)) return refuse(NoFlashReason::noState);
+        add_single(T, p, v);
+        return true;
+    }
+
+    bool at_T_x(double T, double x) {
+        if (T > s_.Tcrit) return refuse(NoFlashReason::aboveCritical);
+        const auto at = T == s_.Tcrit ? k_.dome_.back().at : saturated_at_T(T);
+        if (!at) return refuse(NoFlashReason::noSaturation);
+        add_two(*at, x);
+        return true;
+    }
+
+    bool at_p_x(double p, double x) {
+        if (p > s_.pcrit) return refuse(NoFlashReason::aboveCritical);
+        std::optional<Saturated> at;
+        if (p == s_.pcrit)
+            at = k_.dome_.back().at;
+        else if (p < lowest().p)
+            at = checked(saturation_temperature(f_, p));
+        else
+            at = saturated_at_p(p);
+        if (!at) return refuse(NoFlashReason::noSaturation);
+        add_two(*at, x);
+        return true;
+    }
+
+    // -- x with v, h, s, u
+
+    bool along_x(Property y, double value, double x) {
+        const auto mixed = [&](double L, double V) { return L + x * (V - L) - value; };
+        // The variable is the root of the distance from the critical point: near it the values
+        // are straight lines over that.
+        const double span = s_.Tcrit - k_.dome_low_;
+        const auto at_t = [&](double t) -> std::optional<Saturated> {
+            return t == 0 ? k_.dome_.back().at : saturated_at_T(s_.Tcrit - span * t * t);
+        };
+        const auto excess = [&](double t) {
+            const auto at = at_t(t);
+            if (!at) return kNaN;
+            if (y == Property::v) return mixed(at->vL, at->vV);
+            return mixed(value_at(y, at->T, at->p, at->vL), value_at(y, at->T, at->p, at->vV));
+        };
+        Samples<kNodes> samples;
+        for (std::size_t i = k_.low_node_; i < kNodes; ++i) {
+            const Node& node = k_.dome_[i];
+            const double t = 1 - static_cast<double>(i) / static_cast<double>(kNodes - 1);
+            const double f = y == Property::v ? mixed(node.at.vL, node.at.vV)
+                                              : mixed(of(node.L, y), of(node.V, y));
+            samples.add(excess, Sample{t, f});
+        }
+        const double scale = scale_of(y, value, k_.range_.low);
+        for_all(samples.zeros(excess, kZero * scale, kJump * scale), [&](double t) {
+            if (const auto at = at_t(t)) add_two(*at, x);
+        });
+        searched_.high = s_.Tcrit;
+        return true;
+    }
+
+    template <class F>
+    static void for_all(const Zeros& zeros, F f) {
+        for (std::size_t i = 0; i < zeros.count; ++i) f(zeros.x[i]);
+    }
+
+    /// Places where a function has a kink.
+    struct Kinks {
+        std::array<double, kMostFound> at{};
+        std::size_t count = 0;
+    };
+
+    /// Where states with this value enter and leave the two-phase region.
+    template <class Variable>
+    Kinks kinks(Property y, double value, Variable variable) const {
+        Kinks kinks;
+        if (!k_.has_dome()) return kinks;
+        Search saturated(k_, {y, value}, {Property::x, 0});
+        saturated.along_x(y, value, 0);
+        saturated.along_x(y, value, 1);
+        for (; kinks.count < saturated.count_; ++kinks.count)
+            kinks.at[kinks.count] = variable(saturated.found_[kinks.count]);
+        return kinks;
+    }
+
+    /// Zeros of a function from `low` to `high`: between the ends where it is monotone, else over
+    /// many samples, of which those at its kinks tell of extrema there.
+    template <class F>
+    Zeros zeros_of(F f, double low, double high, bool monotone, double scale,
+                   const Kinks& kinks = {}) const {
+        constexpr std::size_t kSimple = 24, kMany = 40;
+        const std::size_t steps = monotone ? 1 : k_.simple_ ? kSimple : kMany;
+        std::array<double, kMany + 1 + kMostFound> at{};
+        std::size_t count = 0;
+        for (std::size_t i = 0; i <= steps; ++i)
+            at[count++] = low + (high - low) * static_cast<double>(i) / static_cast<double>(steps);
+        for (std::size_t i = 0; i < kinks.count; ++i)
+            if (kinks.at[i] > low && kinks.at[i] < high) at[count++] = kinks.at[i];
+        if (kinks.count > 0) std::sort(at.begin(), at.begin() + count);
+        Samples<kMany + 1 + kMostFound> samples;
+        const auto* const end = kinks.at.begin() + kinks.count;
+        for (std::size_t i = 0; i < count; ++i) {
+            samples.add(f, at[i]);
+            if (std::find(kinks.at.begin(), end, at[i]) != end) samples.turn();
+        }
+        return samples.zeros(f, kZero * scale, kJump * scale);
+    }
+
+    /// The same over T. Some equations have another a(T) above the critical point, whose slope, and
+    /// so h, s and u, jump there.
+    template <class F, class Take>
+    void over_T(F f, FlashRange range, double scale, Take take, const Kinks& kinks = {}) const {
+        const auto part = [&](double low, double high) {
+            if (low < high) for_all(zeros_of(f, low, high, k_.simple_, scale, kinks), take);
+        };
+        const double Tc = s_.Tcrit;
+        if (k_.simple_ || !(range.low < Tc && range.high > Tc)) return part(range.low, range.high);
+        part(range.low, Tc);
+        part(std::nextafter(Tc, 2 * Tc), range.high);
+    }
+
+    // -- T with h, s, u
+
+    bool on_isotherm(double T, Property y, double value) {
+        const auto cp = ideal_gas_cp(s_, f_.models().cp_form, T);
+        if (!(cp > 0.0)) return refuse(NoFlashReason::noHeatCapacity);
+        const double scale = scale_of(y, value, T);
+        const double b = smallest_volume(T);
+        const double size = b > 0 ? b : size_of_molecules(s_);
+        const double densest = std::log(kClosest * size);
+        const bool monotone =
+            k_.simple_ && y != Property::h && T >= k_.range_.low && T <= k_.range_.high;
+        const auto branch = [&](double low, double high, double least_p) {
+            const auto excess = [&](double q) {
+                const double v = b + std::exp(q);
+                const double p = std::max(pressure_at(T, v), least_p);
+                return value_at(y, T, p, v) - value;
+            };
+            for_all(zeros_of(excess, low, high, monotone, scale), [&](double q) {
+                const double v = b + std::exp(q);
+                add_single(T, std::max(pressure_at(T, v), least_p), v);
+            });
+        };
+        const auto at = saturated_at_T(T);
+        if (!at) {
+            branch(densest, std::log(R * T / least_pressure()), 0);
+            return true;
+        }
+        const double L = value_at(y, T, at->p, at->vL), V = value_at(y, T, at->p, at->vV);
+        const bool inside = add_if_between(*at, L, V, value, scale);
+        if (monotone && inside) return true;
+        if (!monotone || value < L) branch(densest, std::log(at->vL - b), at->p);
+        if (!monotone || value > V)
+            branch(std::log(at->vV - b), std::log(std::max(R * T / least_pressure(), 1e6 * at->vV)),
+                   0);
+        return true;
+    }
+
+    /// A value between those of both phases belongs to a state of two.
+    bool add_if_between(const Saturated& at, double L, double V, double value, double scale) {
+        const double x = (value - L) / (V - L);
+        const bool inside = (x >= 0 && x <= 1) || std::fabs(value - L) <= kZero * scale ||
+                            std::fabs(value - V) <= kZero * scale;
+        if (inside) add_two(at, x);
+        return inside;
+    }
+
+    // -- p with v, h, s, u
+
+    bool at_p_v(double p, double v) {
+        double low = k_.range_.low, high = k_.range_.high;
+        if (const auto at = saturated_at_p(p)) {
+            if (v >= at->vL && v <= at->vV) {
+                add_two(*at, (v - at->vL) / (at->vV - at->vL));
+                return true;
+            }
+            (v < at->vL ? high : low) = at->T;
+        }
+        const auto excess = [&](double T) {
+            return v > smallest_volume(T) ? pressure_at(T, v) - p : kNaN;
+        };
+        if (k_.simple_ && !(v > smallest_volume(s_.Tcrit)))
+            return refuse(NoFlashReason::belowCovolume);
+        // Of a liquid p is a difference of large terms.
+        const double scale = std::max(p, R * low / v);
+        over_T(excess, {low, high}, scale, [&](double T) { add_single(T, p, v); });
+        return true;
+    }
+
+    /// The state on an isobar of a simple equation, where h, s and u rise with T.
+    std::optional<Found> on_rising_isobar(double p, Property y, double value,
+                                          const FlashRange& within) const {
+        double low = within.low, high = within.high;
+        Side side = p < s_.pcrit ? Side::vapour : Side::only;
+        double start = 0.5 * (low + std::min(high, 2 * s_.Tcrit));
+        if (const auto at = saturated_at_p(p)) {
+            const auto zL = state_functions(f_, k_.reference_, {}, at->T, p, at->vL);
+            const auto zV = state_functions(f_, k_.reference_, {}, at->T, p, at->vV);
+            if (!zL || !zV) return std::nullopt;
+            const double L = of(*zL, y), V = of(*zV, y);
+            if (value >= L && value <= V) {
+                const double x = (value - L) / (V - L);
+                return Found{at->T, p, at->vL + x * (at->vV - at->vL), true, x, *at};
+            }
+            const bool liquid = value < L;
+            side = liquid ? Side::liquid : Side::vapour;
+            if (liquid)
+                high = std::min(high, at->T);
+            else
+                low = std::max(low, at->T);
+            start = at->T + (liquid ? value - L : value - V) /
+                                slope_on_isobar(y, liquid ? *zL : *zV, at->T, p);
+        }
+        if (!(low < high)) return std::nullopt;
+        const double scale = scale_of(y, value, low);
+        const auto excess = [&](double T) -> ValueAndSlope {
+            const double v =
+                volume_at(T, p, T < s_.Tcrit && side == Side::only ? Side::liquid : side);
+            const auto z = state_functions(f_, k_.reference_, {}, T, p, v);
+            if (!z) return {kNaN, 0};
+            return {of(*z, y) - value, slope_on_isobar(y, *z, T, p)};
+        };
+        const Sample zero = newton_zero(excess, low, high, start, 1e-14 * scale);
+        if (!(std::fabs(zero.f) <= 1e-9 * scale)) return std::nullopt;
+        const double T = zero.x;
+        const double v = volume_at(T, p, T < s_.Tcrit && side == Side::only ? Side::liquid : side);
+        return Found{.T = T, .p = p, .v = v, .two = false, .x = 0, .at = {}};
+    }
+    static double slope_on_isobar(Property y, const StateValues& z, double T, double p) {
+        if (y == Property::h) return z.cp;
+        if (y == Property::s) return z.cp / T;
+        return z.cp - p * z.table.first[4];
+    }
+
+    /// The stable state on an isobar within a range of T where there should be one only.
+    std::optional<Found> at_p_with(double p, Property y, double value,
+                                   const FlashRange& within) const {
+        if (!v_only()) return on_rising_isobar(p, y, value, within);
+        Search search(k_, {Property::p, p}, {y, value});
+        search.on_isobar(p, y, value);
+        return search.warmest();
+    }
+
+    /// The states of a function of p, of which `excess` is zero, along the line of a value.
+    template <class Excess>
+    void along_p(Property y, double value, double most, double scale, Excess excess) {
+        const auto of_p = [](const Found& at) { return std::log(at.p); };
+        const Kinks turns = kinks(y, value, of_p);
+        const auto within = [&](const FlashRange& range) {
+            const auto f = [&](double q) {
+                const auto at = at_p_with(std::exp(q), y, value, range);
+                return at ? excess(*at) : kNaN;
+            };
+            for_all(zeros_of(f, std::log(least_pressure()), most, false, scale, turns),
+                    [&](double q) {
+                        if (const auto at = at_p_with(std::exp(q), y, value, range)) add(*at);
+                    });
+        };
+        const FlashRange& all = k_.caloric_;
+        const double Tc = s_.Tcrit;
+        if (k_.simple_ || v_only() || !(all.low < Tc && all.high > Tc)) return within(all);
+        within({all.low, Tc});
+        within({std::nextafter(Tc, 2 * Tc), all.high});
+    }
+
+    bool on_isobar(double p, Property y, double value) {
+        if (k_.simple_) {
+            if (const auto found = on_rising_isobar(p, y, value, k_.caloric_)) add(*found);
+            return true;
+        }
+        double low = k_.caloric_.low, high = k_.caloric_.high;
+        const auto branch = [&](double from, double to, Side side) {
+            const auto excess = [&](double T) {
+                const double v = volume_at(T, p, side);
+                return v > 0 ? value_at(y, T, p, v) - value : kNaN;
+            };
+            const double scale = scale_of(y, value, low);
+            over_T(excess, {from, to}, scale,
+                   [&](double T) { add_single(T, p, volume_at(T, p, side)); });
+        };
+        const auto at = saturated_at_p(p);
+        if (!at) {
+            branch(low, p < s_.pcrit ? high : std::min(high, s_.Tcrit),
+                   p < s_.pcrit ? Side::vapour : Side::liquid);
+            if (!(p < s_.pcrit)) branch(std::max(low, s_.Tcrit), high, Side::vapour);
+            return true;
+        }
+        add_if_between(*at, value_at(y, at->T, p, at->vL), value_at(y, at->T, p, at->vV), value,
+                       scale_of(y, value, at->T));
+        branch(low, std::min(high, at->T), Side::liquid);
+        branch(std::max(low, at->T), high, Side::vapour);
+        return true;
+    }
+
+    // -- v with h, s, u
+
+    /// h, s or u of the stable state at T and v, be it of one phase or two.
+    double whole_at(Property y, double T, double v) const {
+        if (!(v > smallest_volume(T))) return kNaN;
+        const auto at = saturated_at_T(T);
+        if (at && v > at->vL && v < at->vV) {
+            const double x = (v - at->vL) / (at->vV - at->vL);
+            const double L = value_at(y, T, at->p, at->vL), V = value_at(y, T, at->p, at->vV);
+            return L + x * (V - L);
+        }
+        double p = pressure_at(T, v);
+        if (at && v <= at->vL) p = std::max(p, at->p);
+        return value_at(y, T, p, v);
+    }
+
+    bool on_isochore(double v, Property y, double value) {
+        const auto excess = [&](double T) { return whole_at(y, T, v) - value; };
+        if (k_.simple_ && !(v > smallest_volume(s_.Tcrit)))
+            return refuse(NoFlashReason::belowCovolume);
+        const double low = k_.caloric_.low;
+        const double scale = scale_of(y, value, low);
+        const auto of_T = [](const Found& at) { return at.T; };
+        over_T(
+            excess, k_.caloric_, scale, [&](double T) { at_T_v(T, v); },
+            k_.simple_ ? Kinks{} : kinks(Property::v, v, of_T));
+        return true;
+    }
+
+    // -- Two of h, s, u
+
+    /// The state at T and s, and where there is none whether T is too low (negative) or too high.
+    struct AtTs {
+        std::optional<Found> found;
+        double side = 0;
+    };
+    AtTs at_T_s(double T, double s) const {
+        Search search(k_, {Property::T, T}, {Property::s, s});
+        search.on_isotherm(T, Property::s, s);
+        if (const auto found = search.warmest()) return {found, 0};
+        // At the lowest pressure s is largest.
+        const double v = R * T / least_pressure();
+        const double largest = value_at(Property::s, T, pressure_at(T, v), v);
+        return {std::nullopt, s > largest ? -HUGE_VAL : HUGE_VAL};
+    }
+
+    double value_of(const Found& at, Property y) const {
+        if (!at.two) return value_at(y, at.T, at.p, at.v);
+        const double L = value_at(y, at.T, at.p, at.at.vL), V = value_at(y, at.T, at.p, at.at.vV);
+        return L + at.x * (V - L);
+    }
+
+    /// h and u rise with T along an isentrope, and with p. Where b depends on T an isotherm may
+    /// have several states of one s, an isobar has not.
+    bool on_isentrope(double s, Property y, double value) {
+        if (!k_.simple_ && !v_only()) {
+            along_p(Property::s, s, most_log_p(), scale_of(y, value, k_.caloric_.low),
+                    [&](const Found& at) { return value_of(at, y) - value; });
+            return true;
+        }
+        const auto excess = [&](double T) {
+            const AtTs at = at_T_s(T, s);
+            return at.found ? value_of(*at.found, y) - value : at.side;
+        };
+        const auto take = [&](double T) {
+            if (const AtTs at = at_T_s(T, s); at.found) add(*at.found);
+        };
+        over_T(excess, k_.caloric_, scale_of(y, value, k_.caloric_.low), take);
+        return true;
+    }
+
+    /// ln p of the densest states.
+    double most_log_p() const {
+        const double b = smallest_volume(k_.caloric_.low);
+        return std::log(R * k_.caloric_.high / (kClosest * (b > 0 ? b : size_of_molecules(s_))));
+    }
+
+    /// Along an isenthalp p v falls from that of the ideal gas to a minimum and rises again.
+    bool at_h_u(double h, double u) {
+        const double product = h - u;
+        if (!(product > 0)) return true;
+        if (v_only()) at_h_u_of_virial(h, product);
+        // v is above b, and p v is given.
+        const double most =
+            k_.simple_ ? std::log(product / smallest_volume(k_.caloric_.low)) : most_log_p();
+        along_p(Property::h, h, most, scale_of(Property::h, h, k_.caloric_.low),
+                [&](const Found& at) { return at.p * at.v - product; });
+        return true;
+    }
+
+    /// p v = R T v/(v - B) gives v at each T; of a thin gas hardly.
+    void at_h_u_of_virial(double h, double product) {
+        const auto volume = [&](double T) {
+            const double B = second_virial(f_, T);
+            const double v = product * B / (product - R * T);
+            return v > std::max(0.0, B) && std::isfinite(v) ? v : kNaN;
+        };
+        const auto excess = [&](double T) {
+            const double v = volume(T);
+            return v > 0 ? value_at(Property::h, T, product / v, v) - h : kNaN;
+        };
+        over_T(excess, k_.caloric_, scale_of(Property::h, h, k_.caloric_.low),
+               [&](double T) { add_single(T, product / volume(T), volume(T)); });
+    }
+
+    const Flash& k_;
+    const Fluid& f_;
+    const SubstanceRecord& s_;
+    GivenValue a_, b_;
+    std::array<Found, kMostFound> found_{};
+    std::size_t count_ = 0;
+    bool boundary_ = false;  ///< both answers are the phases of one T and p
+    NoFlashReason why_ = NoFlashReason::noSolution;
+    FlashRange searched_;
+};
+
+Result<FlashState, NoFlash> Flash::operator()(GivenValue a, GivenValue b,
+                                              FlashChoice choice) const {
+    return Search(*this, a, b).state(choice);
+}
+
+Result<FlashState, NoFlash> flash(const Fluid& fluid, const ReferenceState& reference, GivenValue a,
+                                  GivenValue b, FlashChoice choice) {
+    return Flash(fluid, reference)(a, b, choice);
+}
+
+// ---- Words
+
+std::string_view name_of(FlashPhase phase) {
+    switch (phase) {
+        case FlashPhase::liquid:
+            return "liquid";
+        case FlashPhase::vapour:
+            return "vapour";
+        case FlashPhase::supercritical:
+            return "supercritical";
+        case FlashPhase::twoPhases:
+            return "two phases";
+    }
+    return {};
+}
+
+namespace {
+
+std::string_view text_of(NoFlashReason reason) {
+    using enum NoFlashReason;
+    switch (reason) {
+        case notANumber:
+            return "A given value is not a finite number.";
+        case sameProperty:
+            return "Two different properties have to be given.";
+        case notPositive:
+            return "T, p and v have to be above 0.";
+        case outsideFraction:
+            return "The vapour fraction x has to be from 0 to 1.";
+        case noEquation:
+            return "There is no equation of state with usable constants.";
+        case noHeatCapacity:
+            return "There is no heat capacity of the ideal gas, which h, s and u need.";
+        case noLiquid:
+            return "The equation of state describes the vapour alone: there is no vapour fraction.";
+        case aboveCritical:
+            return "There is no saturation above the critical point.";
+        case noSaturation:
+            return "The equation of state has no saturated state there.";
+        case belowCovolume:
+            return "v is not above the smallest volume of the equation of state.";
+        case onlyOfT:
+            return "Of the ideal gas h and u depend on T alone: any p would do.";
+        case noState:
+            return "The equation of state has no state there.";
+        case unstable:
+            return "Beyond the range of the equation of state: its state there is not stable.";
+        case noSolution:
+            return "The equation of state has no state with both values";
+        case noSuchAnswer:
+            return "There is no further state with both values.";
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string words_of(const NoFlash& failure) {
+    std::string text(text_of(failure.reason));
+    if (failure.reason != NoFlashReason::noSolution) return text;
+    if (failure.T_high > 0)
+        text += " from " + numbers::format_point(failure.T_low, "###0.#") + " to " +
+                numbers::format_point(failure.T_high, "###0.#") + " K";
+    return text + ".";
+}
+
+}  // namespace quor::models
