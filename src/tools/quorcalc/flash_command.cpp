@@ -115,7 +115,10 @@ std::vector<Command> flash_commands() {
     return {{"flash",
              "the stable state with any two of T, p, v, rho, h, s, u and the vapour fraction x",
              {"given!", "choice"},
-             flash}};
+             flash,
+             nullptr,
+             false,
+             true}};
 }
 
 }  // namespace quor::quorcalc

@@ -35,6 +35,26 @@ constexpr std::array kOwnState = {Dimension::temperature, Dimension::pressure, D
                                   Dimension::energy, Dimension::entropy};
 constexpr std::size_t kPlaceOfPhase = 2;
 
+/// The names under which results hold quantities.
+struct Key {
+    std::string_view name;
+    Dimension dimension;
+};
+constexpr Key kKeys[] = {
+    {"T", Dimension::temperature}, {"p", Dimension::pressure},   {"v", Dimension::volume},
+    {"vL", Dimension::volume},     {"vV", Dimension::volume},    {"B", Dimension::volume},
+    {"rho", Dimension::density},   {"rhoL", Dimension::density}, {"rhoV", Dimension::density},
+    {"h", Dimension::energy},      {"u", Dimension::energy},     {"g", Dimension::energy},
+    {"a", Dimension::energy},      {"eH", Dimension::energy},    {"eU", Dimension::energy},
+    {"hLV", Dimension::energy},    {"s", Dimension::entropy},    {"cp", Dimension::entropy},
+    {"cv", Dimension::entropy},    {"w", Dimension::speed}};
+
+const Key* find_key(const std::string& name) {
+    for (const Key& key : kKeys)
+        if (key.name == name) return &key;
+    return nullptr;
+}
+
 /// The scales of the units in which the numbers of a call stand.
 class InUnits {
   public:
@@ -64,6 +84,21 @@ class InUnits {
         return all;
     }
 
+    /// "h=..,s=..": parts that name no quantity or no number stay, to be refused where they count.
+    std::string named(const std::string& values) const {
+        std::string all;
+        for (std::string part : text::split(values, ',')) {
+            const std::size_t sign = std::min(part.find('='), part.size());
+            const auto value = numbers::number(part.substr(std::min(sign + 1, part.size())));
+            const Key* const key = find_key(text::trim(part.substr(0, sign)));
+            if (value && key != nullptr)
+                part = part.substr(0, sign) + "=" +
+                       numbers::general_point(base(key->dimension, *value));
+            all += (all.empty() ? "" : ",") + part;
+        }
+        return all;
+    }
+
   private:
     models::UnitList list_;
     const models::Fluid& fluid_;
@@ -86,26 +121,6 @@ bool needs_substance(const models::UnitChoice& choice) {
     const models::UnitList list = models::units_of(choice);
     return std::ranges::any_of(
         list, [](const models::Unit* unit) { return unit->per != models::Per::nothing; });
-}
-
-/// The names under which results hold quantities.
-struct Key {
-    std::string_view name;
-    Dimension dimension;
-};
-constexpr Key kKeys[] = {
-    {"T", Dimension::temperature}, {"p", Dimension::pressure},   {"v", Dimension::volume},
-    {"vL", Dimension::volume},     {"vV", Dimension::volume},    {"B", Dimension::volume},
-    {"rho", Dimension::density},   {"rhoL", Dimension::density}, {"rhoV", Dimension::density},
-    {"h", Dimension::energy},      {"u", Dimension::energy},     {"g", Dimension::energy},
-    {"a", Dimension::energy},      {"eH", Dimension::energy},    {"eU", Dimension::energy},
-    {"hLV", Dimension::energy},    {"s", Dimension::entropy},    {"cp", Dimension::entropy},
-    {"cv", Dimension::entropy},    {"w", Dimension::speed}};
-
-const Key* find_key(const std::string& name) {
-    for (const Key& key : kKeys)
-        if (key.name == name) return &key;
-    return nullptr;
 }
 
 void convert(Json& value, const models::Scale& scale) {
@@ -143,6 +158,7 @@ Arguments in_base_units(Call& call, const Arguments& a) {
     Arguments base = a;
     for (const NumberOption& option : kNumbers)
         if (auto& value = base.*option.field) value = units.base(option.dimension, *value);
+    if (!a.given.empty()) base.given = units.named(a.given);
     if (!a.benson.empty()) base.benson = units.list(a.benson, kBenson);
     constexpr std::string_view kOwn = "own:";
     if (a.refstate.starts_with(kOwn))
