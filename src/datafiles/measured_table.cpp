@@ -47,14 +47,61 @@ void add_line(ReadPoints<MeasuredPoint>& read, std::string_view line, const Meas
     read.add(set, right);
 }
 
+bool is_density(MeasuredColumn column) {
+    return column == MeasuredColumn::rhoL || column == MeasuredColumn::rhoV;
+}
+
+/// True where a column is shown in the unit chosen for the whole program.
+bool in_program_unit(MeasuredColumn column, const MeasuredUnits& units) {
+    using models::Dimension;
+    switch (column) {
+        case MeasuredColumn::T:
+            return units.T == TemperatureUnit::chosen;
+        case MeasuredColumn::p:
+            return units.p == PressureUnit::chosen;
+        case MeasuredColumn::rhoL:
+        case MeasuredColumn::rhoV:
+            return !units.volume && units.program.has_own(Dimension::density);
+        case MeasuredColumn::hLV:
+            return units.program.has_own(Dimension::energy);
+        case MeasuredColumn::cp:
+            return units.program.has_own(Dimension::entropy);
+    }
+    return false;
+}
+
 /// What is stored for a value typed into a column; nothing for one that the column cannot hold.
 std::optional<double> stored(MeasuredColumn column, double typed, const MeasuredUnits& units) {
     double value = typed;
-    if (column == MeasuredColumn::T) value = stored_temperature(typed, units.T);
-    if (column == MeasuredColumn::p) value = stored_pressure(typed, units.p);
-    if (column == MeasuredColumn::rhoL || column == MeasuredColumn::rhoV)
+    if (in_program_unit(column, units))
+        value = scale_of(column, units).value(typed);
+    else if (column == MeasuredColumn::T)
+        value = stored_temperature(typed, units.T);
+    else if (column == MeasuredColumn::p)
+        value = stored_pressure(typed, units.p);
+    else if (is_density(column))
         value = stored_density(typed, units);
     return single(value) ? std::optional(value) : std::nullopt;
+}
+
+double value_of(const MeasuredPoint& set, MeasuredColumn column) {
+    return column == MeasuredColumn::T ? set.T : fit_column_value(set, static_cast<int>(column));
+}
+
+/// A value in the unit of the program: T to 3 decimals, all else to what 32 bits hold.
+std::string program_text(double value, MeasuredColumn column, const MeasuredUnits& units) {
+    const double shown = scale_of(column, units).shown(value);
+    return column == MeasuredColumn::T ? numbers::general(rounded(shown, 1000.0))
+                                       : numbers::general(single_or_zero(shown));
+}
+
+/// "p/kPa" and "cp/(kJ/kmol/K)": the head of a column on paper.
+std::string head_of(MeasuredColumn column, const MeasuredUnits& units, const char* symbol,
+                    const char* told) {
+    if (!in_program_unit(column, units)) return told;
+    const std::string unit(scale_of(column, units).name);
+    return std::string(symbol) +
+           (unit.find('/') == std::string::npos ? "/" + unit : "/(" + unit + ")");
 }
 
 /// The part of a range of lines that lies in the table, from 0.
@@ -67,11 +114,34 @@ Lines in_table(std::size_t size, int first, int last) {
     return {from, std::clamp<std::ptrdiff_t>(last, from, count)};
 }
 
-double sort_key(const MeasuredPoint& set, MeasuredColumn column) {
-    return column == MeasuredColumn::T ? set.T : fit_column_value(set, static_cast<int>(column));
-}
-
 }  // namespace
+
+models::Scale scale_of(MeasuredColumn column, const MeasuredUnits& units) {
+    using models::Dimension;
+    constexpr models::Scale kCelsius{1, -kZeroCelsius, "degC"};
+    constexpr models::Scale kAtm{1 / kNormalPressure, 0, "atm"};
+    constexpr models::Scale kTorr{kTorrPerAtm / kNormalPressure, 0, "Torr"};
+    const bool program = in_program_unit(column, units);
+    switch (column) {
+        case MeasuredColumn::T:
+            if (program) return units.program.of(Dimension::temperature);
+            return units.T == TemperatureUnit::Celsius ? kCelsius : models::Scale{1, 0, "K"};
+        case MeasuredColumn::p:
+            if (program) return units.program.of(Dimension::pressure);
+            return units.p == PressureUnit::atm    ? kAtm
+                   : units.p == PressureUnit::Torr ? kTorr
+                                                   : models::Scale{1, 0, "kPa"};
+        case MeasuredColumn::rhoL:
+        case MeasuredColumn::rhoV:
+            return program ? units.program.of(Dimension::density) : models::Scale{1, 0, "kg/m^3"};
+        case MeasuredColumn::hLV:
+            return program ? units.program.of(Dimension::energy) : models::Scale{1, 0, "kJ/kmol"};
+        case MeasuredColumn::cp:
+            return program ? units.program.of(Dimension::entropy)
+                           : models::Scale{1, 0, "kJ/(kmol K)"};
+    }
+    return {};
+}
 
 double stored_temperature(double typed, TemperatureUnit unit) {
     return unit == TemperatureUnit::Celsius ? typed + kZeroCelsius : typed;
@@ -108,6 +178,10 @@ double shown_density(double rho, const MeasuredUnits& units) {
 }
 
 std::string cell_text(const MeasuredPoint& set, MeasuredColumn column, const MeasuredUnits& units) {
+    if (in_program_unit(column, units)) {
+        const double value = value_of(set, column);
+        return value == 0 ? "" : program_text(value, column, units);
+    }
     switch (column) {
         case MeasuredColumn::T:
             return set.T == 0 ? "" : numbers::general(shown_temperature(set.T, units.T));
@@ -179,10 +253,17 @@ std::string sets_for_clipboard(std::span<const MeasuredPoint> points, int first,
 std::string measured_table_text(std::span<const MeasuredPoint> points, const MeasuredUnits& units) {
     static constexpr std::array<const char*, 3> pressures{"p/kPa", "p/atm", "p/Torr"};
     std::vector<std::vector<std::string>> rows;
+    const char* const p =
+        units.p == PressureUnit::chosen ? "" : pressures[static_cast<std::size_t>(units.p)];
     rows.push_back(
-        {"#", units.T == TemperatureUnit::Celsius ? "T/°C" : "T/K",
-         pressures[static_cast<std::size_t>(units.p)], units.volume ? "v_L/m^3" : "rho_L/(kg/m^3)",
-         units.volume ? "v_V/m^3" : "rho_V/(kg/m^3)", "delta(LV)h/(kJ/kmol)", "cp/(kJ/kmol/K)"});
+        {"#",
+         head_of(MeasuredColumn::T, units, "T",
+                 units.T == TemperatureUnit::Celsius ? "T/°C" : "T/K"),
+         head_of(MeasuredColumn::p, units, "p", p),
+         head_of(MeasuredColumn::rhoL, units, "rho_L", units.volume ? "v_L/m^3" : "rho_L/(kg/m^3)"),
+         head_of(MeasuredColumn::rhoV, units, "rho_V", units.volume ? "v_V/m^3" : "rho_V/(kg/m^3)"),
+         head_of(MeasuredColumn::hLV, units, "delta(LV)h", "delta(LV)h/(kJ/kmol)"),
+         head_of(MeasuredColumn::cp, units, "cp", "cp/(kJ/kmol/K)")});
     for (std::size_t i = 0; i < points.size(); ++i) {
         const MeasuredPoint& set = points[i];
         const std::string number = std::to_string(i + 1);
@@ -219,7 +300,7 @@ void toggle_points(std::span<MeasuredPoint> points, int first, int last) {
 void sort_points(std::span<MeasuredPoint> points, MeasuredColumn column) {
     std::stable_sort(points.begin(), points.end(),
                      [&](const MeasuredPoint& a, const MeasuredPoint& b) {
-                         return sort_key(a, column) < sort_key(b, column);
+                         return value_of(a, column) < value_of(b, column);
                      });
 }
 

@@ -9,12 +9,13 @@
 #include "datafiles/measured_data.h"
 #include "datafiles/table_text.h"
 #include "datafiles/xy_points.h"
+#include "models/units.h"
 
 /// The table of experimental data without its view: units, cells, lines, order, clipboard.
 namespace quor::datafiles {
 
-enum class TemperatureUnit { K, Celsius };
-enum class PressureUnit { kPa, atm, Torr };
+enum class TemperatureUnit { K, Celsius, chosen };
+enum class PressureUnit { kPa, atm, Torr, chosen };
 
 /// How the user reads and types the table.
 struct MeasuredUnits {
@@ -23,11 +24,16 @@ struct MeasuredUnits {
     bool volume = false;  ///< volumes in m^3 of the amount `n` instead of densities
     double n = 1;         ///< kmol
     double M = 0;         ///< molar mass, kg/kmol
+    /// The units chosen for the whole program: T and p may have them, all others always do.
+    models::Units program{};
 };
 
 /// Columns in the order of the screen and of the clipboard.
 enum class MeasuredColumn { T, p, rhoL, rhoV, hLV, cp };
 inline constexpr int kMeasuredColumns = 6;
+
+/// The scale of a column; not that of volumes, which are no multiples of densities.
+models::Scale scale_of(MeasuredColumn column, const MeasuredUnits& units);
 
 /// From the typed to the stored value: K, kPa, kg/m^3. A volume of 0 gives 0, no density.
 double stored_temperature(double typed, TemperatureUnit unit);

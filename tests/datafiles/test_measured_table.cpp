@@ -1,6 +1,8 @@
 #include "common/numbers.h"
 #include "datafiles/measured_table.h"
 #include "datafiles/table_text.h"
+#include "models/unit_text.h"
+#include "support/fluids.h"
 
 using namespace quor;
 
@@ -236,6 +238,41 @@ TEST_F(MeasuredTable, FitColumnsAreNumberedFromPressure) {
     for (int column = 1; column <= 5; ++column)
         EXPECT_EQ(datafiles::fit_column_value(set, column), column);
     EXPECT_EQ(datafiles::fit_column_value(set, 6), 0.0);
+}
+
+TEST_F(MeasuredTable, TakesTheUnitsOfTheProgram) {
+    const models::Fluid propane = fluids::fluid("Propane", models::Eos::pengRobinson);
+    const double M = static_cast<double>(propane.substance().M);
+    MeasuredUnits us{.T = TemperatureUnit::chosen, .p = PressureUnit::chosen};
+    us.program = models::make_units(models::read_choice("us").value(), propane);
+    MeasuredPoint set;
+    EXPECT_TRUE(datafiles::store_cell(set, MeasuredColumn::T, "32", us));
+    EXPECT_TRUE(datafiles::store_cell(set, MeasuredColumn::p, "100", us));
+    EXPECT_TRUE(datafiles::store_cell(set, MeasuredColumn::rhoL, "1", us));
+    EXPECT_TRUE(datafiles::store_cell(set, MeasuredColumn::hLV, "100", us));
+    EXPECT_TRUE(datafiles::store_cell(set, MeasuredColumn::cp, "0.5", us));
+    EXPECT_NEAR(set.T, 273.15, 1e-9);
+    EXPECT_NEAR(set.p, 689.4757, 1e-4);
+    EXPECT_NEAR(static_cast<double>(set.rhoL), 16.01846, 1e-5);
+    EXPECT_NEAR(static_cast<double>(set.hLV), 100 * 2.326 * M, 1e-2);
+    EXPECT_NEAR(static_cast<double>(set.cp), 0.5 * 4.1868 * M, 1e-4);
+    const auto text = [&](MeasuredColumn column) { return datafiles::cell_text(set, column, us); };
+    EXPECT_EQ(text(MeasuredColumn::T), "32");
+    EXPECT_EQ(text(MeasuredColumn::p), "100");
+    EXPECT_EQ(text(MeasuredColumn::rhoL), "1");
+    EXPECT_EQ(text(MeasuredColumn::hLV), "100");
+    EXPECT_EQ(text(MeasuredColumn::cp), "0.5");
+    EXPECT_EQ(text(MeasuredColumn::rhoV), "") << "no value";
+    const std::vector<MeasuredPoint> one = {set};
+    const std::string table = datafiles::measured_table_text(one, us);
+    for (const char* head :
+         {"T/degF", "p/psi", "rho_L/(lb/ft^3)", "delta(LV)h/(BTU/lb)", "cp/(BTU/(lb degR))"})
+        EXPECT_NE(table.find(head), std::string::npos) << head << "\n" << table;
+    // The table's own units of T and p hold beside those of the program.
+    us.T = TemperatureUnit::Celsius;
+    us.p = PressureUnit::atm;
+    EXPECT_EQ(text(MeasuredColumn::T), "0");
+    EXPECT_NEAR(numbers::val(text(MeasuredColumn::p)), 6.80460, 1e-5);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "datafiles/project_file.h"
+#include "models/unit_text.h"
 
 using namespace quor;
 

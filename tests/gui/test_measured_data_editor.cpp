@@ -1,8 +1,11 @@
+#include <QTableView>
 #include <cmath>
 
 #include "common/numbers.h"
 #include "gui/measured_data_editor_test.h"
 #include "gui/widgets/number_edit.h"
+#include "models/unit_text.h"
+#include "session/options.h"
 
 namespace {
 
@@ -379,6 +382,37 @@ TEST_F(MeasuredDataEditorTest, KnowsTheKeysOfTheClipboard) {
     drive::press(kGrid, Qt::Key_Delete);
     EXPECT_EQ(set(3).T, 0.0);
     EXPECT_EQ(count(), 4U);
+}
+
+TEST_F(MeasuredDataEditorTest, FollowsTheUnitsOfTheProgramAndBack) {
+    openWithData();
+    const auto shown = [](int column) {
+        return drive::get<QTableView>(kGrid)->model()->index(0, column).data().toString();
+    };
+    EXPECT_FALSE(drive::isVisible("opt_T_unit_2"));
+    ASSERT_TRUE(session::apply_units(session, *models::read_choice("us")));
+    drive::settle();
+    EXPECT_TRUE(drive::isVisible("opt_T_unit_2"));
+    EXPECT_EQ(drive::read("opt_T_unit_2"), "°F");
+    EXPECT_TRUE(drive::isChecked("opt_p_Unit_3"));
+    EXPECT_EQ(shown(0), "44.33") << "280 K";
+    EXPECT_NEAR(shown(1).toDouble(), 300 / 6.894757, 1e-4);
+    ASSERT_TRUE(session::apply_units(session, *models::read_choice("T=degC,p=atm")));
+    drive::settle();
+    EXPECT_TRUE(drive::isChecked("opt_T_unit_1")) << "the table has this unit itself";
+    EXPECT_TRUE(drive::isChecked("opt_p_Unit_1"));
+    EXPECT_FALSE(drive::isVisible("opt_T_unit_2"));
+    EXPECT_EQ(shown(0), "6.85");
+    ASSERT_TRUE(session::apply_units(session, {}));
+    drive::settle();
+    EXPECT_TRUE(drive::isChecked("opt_T_unit_0"));
+    EXPECT_EQ(shown(0), "280");
+    EXPECT_EQ(shown(1), "300");
+    drive::type("txtInput_0", "27 degC");
+    drive::type("txtInput_1", "2 bar");
+    click("OKinput");
+    EXPECT_NEAR(set(4).T, 300.15, 1e-9);
+    EXPECT_NEAR(set(4).p, 200, 1e-9);
 }
 
 }  // namespace

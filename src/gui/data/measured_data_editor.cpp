@@ -53,6 +53,14 @@ QButtonGroup* options(QBoxLayout* row, const QString& name, const QStringList& c
     return group;
 }
 
+models::Dimension dimensionOf(MeasuredColumn column) {
+    using models::Dimension;
+    constexpr std::array kDimensions = {Dimension::temperature, Dimension::pressure,
+                                        Dimension::density,     Dimension::density,
+                                        Dimension::energy,      Dimension::entropy};
+    return kDimensions[static_cast<std::size_t>(column)];
+}
+
 }  // namespace
 
 MeasuredDataEditor::MeasuredDataEditor(Desk& desk, QWidget* parent)
@@ -85,6 +93,7 @@ void MeasuredDataEditor::openPresent(Desk& desk) {
 }
 
 void MeasuredDataEditor::followSession() {
+    followProgramUnits();
     if (commanding_) return;
     if (session_->measured != given_) {
         showData();
@@ -98,6 +107,7 @@ void MeasuredDataEditor::showData() {
     adoptSubstance();
     model_->show(points());
     comment_->setText(qt(history_.value().comment));
+    followProgramUnits();
     followUnits();
     followTable();
     if (lineCount() > 0) markLine(1);
@@ -243,8 +253,10 @@ QGroupBox* MeasuredDataEditor::buildUnits() {
         connect(group, &QButtonGroup::idClicked, this, &MeasuredDataEditor::takeUnits);
         return group;
     };
-    temperature_ = row(0, "T", "opt_T_unit", {"K", "°C"});
-    pressure_ = row(1, "p", "opt_p_Unit", {"kPa", "atm", "Torr"});
+    temperature_ = row(0, "T", "opt_T_unit", {"K", "°C", {}});
+    pressure_ = row(1, "p", "opt_p_Unit", {"kPa", "atm", "Torr", {}});
+    // The last option is for a unit of the program that the table has not; it gets its name then.
+    for (QButtonGroup* group : {temperature_, pressure_}) group->buttons().constLast()->hide();
     density_ = row(2, "rho", "opt_Rho_Unit", {"density", "mol. volume"});
     density_->button(0)->setToolTip("kg/m^3");
     moles_ = form::named(new NumberEdit, "txtMol");
@@ -453,11 +465,38 @@ void MeasuredDataEditor::followTable() {
     file_->setText(given_.file.empty() ? QString() : "File: " + qt(given_.file));
 }
 
+// The unit that the program shows a quantity in, where the table has it; else an option of its own.
+void MeasuredDataEditor::followProgramUnits() {
+    const models::Units now = session::usable_units(session_);
+    datafiles::MeasuredUnits units = model_->units();
+    if (now == units.program) return;
+    units.program = now;
+    model_->setUnits(units);
+    const auto choose = [](QButtonGroup* group, const models::Scale& scale) {
+        const QString name = qt(models::pretty_unit(scale.name));
+        QAbstractButton* own = group->buttons().constLast();
+        own->setText(name);
+        QAbstractButton* found = own;
+        for (QAbstractButton* option : group->buttons())
+            if (option != own && option->text() == name) found = option;
+        own->setVisible(found == own);
+        found->setChecked(true);
+    };
+    choose(temperature_, now.of(models::Dimension::temperature));
+    choose(pressure_, now.of(models::Dimension::pressure));
+    takeUnits();
+}
+
 void MeasuredDataEditor::followUnits() {
     moles_->setEnabled(model_->units().volume);
     for (std::size_t i = 0; i < captions_.size(); ++i) {
         captions_[i]->setText(model_->name(static_cast<MeasuredColumn>(i)));
         unitLabels_[i]->setText(model_->unit(static_cast<MeasuredColumn>(i)));
+        const auto column = static_cast<MeasuredColumn>(i);
+        const bool density = column == MeasuredColumn::rhoL || column == MeasuredColumn::rhoV;
+        if (!density || !model_->units().volume)
+            input_[i]->setQuantity(dimensionOf(column),
+                                   datafiles::scale_of(column, model_->units()), session_.fluid());
     }
 }
 
@@ -492,7 +531,7 @@ template <class Which>
 bool MeasuredDataEditor::readInput(datafiles::MeasuredPoint& set, const Which& asked) {
     for (std::size_t i = 0; i < input_.size(); ++i) {
         if (!asked(i) || datafiles::store_cell(set, static_cast<MeasuredColumn>(i),
-                                               input_[i]->text().toStdString(), model_->units()))
+                                               input_[i]->numberText(), model_->units()))
             continue;
         input_[i]->setMark("This column cannot hold this number");
         input_[i]->setFocus();

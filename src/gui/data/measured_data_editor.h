@@ -87,6 +87,7 @@ class MeasuredDataEditor : public ChildView, public FollowsSession, public Undoa
     void setChanged();
     void followTable();
     void followUnits();
+    void followProgramUnits();
     void followInput();
     bool takeUnits();
 

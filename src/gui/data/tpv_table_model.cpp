@@ -3,6 +3,7 @@
 #include <QFont>
 
 #include "gui/widgets/theme.h"
+#include "models/unit_text.h"
 
 namespace quor::gui {
 
@@ -117,21 +118,12 @@ QString TpvTableModel::name(MeasuredColumn column) const {
 }
 
 QString TpvTableModel::unit(MeasuredColumn column) const {
-    static constexpr const char* kPressures[] = {"kPa", "atm", "Torr"};
-    switch (column) {
-        case MeasuredColumn::T:
-            return units_.T == datafiles::TemperatureUnit::Celsius ? "°C" : "K";
-        case MeasuredColumn::p:
-            return kPressures[static_cast<std::size_t>(units_.p)];
-        case MeasuredColumn::rhoL:
-        case MeasuredColumn::rhoV:
-            return units_.volume ? "m^3" : "kg/m^3";
-        case MeasuredColumn::hLV:
-            return "kJ/kmol";
-        case MeasuredColumn::cp:
-            return "kJ/(kmol K)";
-    }
-    return {};
+    const bool density = column == MeasuredColumn::rhoL || column == MeasuredColumn::rhoV;
+    if (density && units_.volume) return "m^3";
+    const std::string_view name = datafiles::scale_of(column, units_).name;
+    // Units that were always written plainly stay so.
+    const bool told = name == "kg/m^3" || name == "kJ/kmol" || name == "kJ/(kmol K)";
+    return QString::fromStdString(told ? std::string(name) : models::pretty_unit(name));
 }
 
 }  // namespace quor::gui
