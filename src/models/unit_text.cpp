@@ -135,6 +135,20 @@ bool begins_unit(Dimension dimension, std::string_view text) {
     return dimension == Dimension::pressure && std::string_view("mmHg").starts_with(plain);
 }
 
+std::string_view unit_part(std::string_view text) {
+    const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
+    const std::string_view from = text.substr(first);
+    const std::string_view rest = from.substr(end_of_number(from));
+    return rest.substr(std::min(rest.find_first_not_of(' '), rest.size()));
+}
+
+std::optional<Dimension> dimension_of_unit(std::string_view name) {
+    for (std::size_t i = 0; i < kDimensions; ++i)
+        for (const Unit& unit : units_of(static_cast<Dimension>(i)))
+            if (unit.name == name) return unit.dimension;
+    return std::nullopt;
+}
+
 std::string text_of(const UnitChoice& choice) {
     const UnitList units = units_of(choice);
     std::string all;

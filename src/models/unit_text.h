@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,12 @@ namespace quor::models {
 
 /// True when a text may become the name of a unit of a quantity as it is typed on.
 bool begins_unit(Dimension dimension, std::string_view text);
+
+/// What stands behind the number of a typed text: "bar" of "12.5 bar"; empty for a number alone.
+std::string_view unit_part(std::string_view text);
+
+/// The quantity that has a unit of this very name; nothing for any other text.
+std::optional<Dimension> dimension_of_unit(std::string_view name);
 
 /// Key and word of a quantity: "T" and "temperature".
 std::string_view key_of(Dimension dimension);

@@ -189,6 +189,20 @@ TEST_F(BankEdit, TextsNeverBecomeTheStoredZero) {
     EXPECT_EQ(session->substance.casrn, "0           ");
 }
 
+TEST_F(BankEdit, AValueMayBeTypedWithItsUnit) {
+    open();
+    type("DD_4", "96.67 degC");
+    type("DD_5", "41,92 bar");
+    EXPECT_EQ(read("DD_5"), "41.92 bar");
+    type("DD_2", "85 kg");
+    EXPECT_EQ(read("DD_2"), "85 k") << "K may still follow, a mass is no temperature";
+    type("DD_2", "85.5");
+    click("OK");
+    EXPECT_NEAR(session->substance.Tcrit, 369.82, 1e-9);
+    EXPECT_NEAR(session->substance.pcrit, 4192, 1e-9);
+    EXPECT_EQ(read("DD_4"), " 369.82");
+}
+
 TEST_F(BankEdit, FieldsSwallowWhatIsNoNumber) {
     open();
     type("DD_0", "a4x4,0+1 E-<3>");

@@ -5,7 +5,9 @@
 #include <QTimer>
 #include <QValidator>
 
+#include "common/numbers.h"
 #include "datafiles/substance_file.h"
+#include "models/unit_text.h"
 
 namespace quor::gui {
 
@@ -23,13 +25,22 @@ std::optional<QChar> filtered(const EditorField& field, QChar typed) {
     return taken && typed.isPrint() ? std::optional<QChar>(QLatin1Char(*taken)) : std::nullopt;
 }
 
+/// True for a number with what may become a unit of the field's quantity: "27 deg".
+bool mayGetUnit(const EditorField& field, const QString& text) {
+    const auto dimension = models::dimension_of_unit(field.unit);
+    const std::string typed = text.toStdString();
+    const std::string_view unit = models::unit_part(typed);
+    return dimension && !unit.empty() && unit.size() < typed.size() &&
+           models::begins_unit(*dimension, unit);
+}
+
 /// Lets through what the field takes, also from the clipboard, and never refuses a text.
 class DataValidator : public QValidator {
   public:
     DataValidator(const EditorField& field, QObject* parent) : QValidator(parent), field_(field) {}
 
     State validate(QString& input, int& cursor) const override {
-        if (input == "<>") return Acceptable;
+        if (input == "<>" || mayGetUnit(field_, input)) return Acceptable;
         QString kept;
         int moved = cursor;
         for (int i = 0; i < input.size(); ++i) {
@@ -71,7 +82,20 @@ DataField::DataField(const EditorField& field, QWidget* parent) : QLineEdit(pare
     connect(this, &QLineEdit::editingFinished, this, [this] { markWrong(); });
 }
 
+// A number with its unit becomes one in the unit of the record.
+void DataField::convertTyped() {
+    const auto dimension = models::dimension_of_unit(field_.unit);
+    const std::string typed = text().toStdString();
+    if (!dimension || models::unit_part(typed).empty()) return;
+    const auto value =
+        models::typed_value(typed, *dimension, models::Scale{1, 0, field_.unit}, models::Fluid());
+    constexpr int kDigits = 12;
+    if (value)
+        setText(QString::fromStdString(numbers::comma_to_point(numbers::general(*value, kDigits))));
+}
+
 bool DataField::markWrong() {
+    if (!field_.is_text()) convertTyped();
     if (datafiles::holds_value(field_, text().toStdString())) return false;
     mark_.set("This cannot be read as a number");
     return true;
@@ -92,13 +116,23 @@ void DataField::focusInEvent(QFocusEvent* event) {
         selectAll();
 }
 
+// The text as it would stand with what was typed.
+QString DataField::withTyped(const QString& typed) const {
+    QString all = text();
+    if (hasSelectedText())
+        all.replace(selectionStart(), selectionLength(), typed);
+    else
+        all.insert(cursorPosition(), typed);
+    return all;
+}
+
 // A key that is swallowed leaves what is selected.
 void DataField::keyPressEvent(QKeyEvent* event) {
     const QString typed = event->text();
     const bool command =
         event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     if (!field_.is_text() && !command && typed.size() == 1 && typed.at(0).isPrint() &&
-        !filtered(field_, typed.at(0))) {
+        !filtered(field_, typed.at(0)) && !mayGetUnit(field_, withTyped(typed))) {
         event->accept();
         return;
     }

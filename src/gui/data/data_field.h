@@ -8,9 +8,9 @@
 namespace quor::gui {
 
 /// A field of the substance editor: one value as text. Numbers take digits, sign, exponent and
-/// point, a comma becomes a point, everything else is swallowed; a text
-/// that is no number is marked as it is left. Names take every character, as
-/// many as the record holds.
+/// point, a comma becomes a point, and units behind the number ("27 degC"), which are converted to
+/// that of the record as the field is left; everything else is swallowed. A text that is no number
+/// is marked as it is left. Names take every character, as many as the record holds.
 class DataField : public QLineEdit {
     Q_OBJECT
 
@@ -29,6 +29,8 @@ class DataField : public QLineEdit {
 
   private:
     bool markWrong();
+    void convertTyped();
+    QString withTyped(const QString& typed) const;
 
     const datafiles::EditorField& field_;
     FieldMark mark_{*this};

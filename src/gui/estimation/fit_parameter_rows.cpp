@@ -99,6 +99,8 @@ FitParameterRows::FitParameterRows(estimation::FitState& fit, QWidget* parent)
     };
     below("Tcr/K = ", "txtTcr", estimation::kMaxPar + 1, TcrCaption_, Tcr_);
     below("pcr/kPa = ", "txtpcr", estimation::kMaxPar + 2, pcrCaption_, pcr_);
+    Tcr_->setQuantity(models::Dimension::temperature, {1, 0, "K"}, models::Fluid());
+    pcr_->setQuantity(models::Dimension::pressure, {1, 0, "kPa"}, models::Fluid());
     for (NumberEdit* field : {Tcr_, pcr_})
         connect(field, &QLineEdit::editingFinished, this, &FitParameterRows::finishCritical);
     grid->setRowStretch(estimation::kMaxPar + 3, 1);
