@@ -383,6 +383,9 @@ TEST_F(ResultUnits, TheIsoCalculatorWorksInTheChosenUnits) {
         const std::string before = own.constant_text;
         own.tell_in(*models::read_choice("T=degC,p=bar(g),v=l/kg,h=kcal/kg,s=kcal/(kg K)"));
         EXPECT_EQ(own.given_label, "p/bar(g) =");
+        EXPECT_THAT(
+            own.constant_label,
+            testing::AnyOf("V/(l/kg) =", "H/(kcal/kg) =", "S/(kcal/(kg K)) =", "E(H)/(kcal/kg) ="));
         EXPECT_EQ(own.sought_label, "T/degC =");
         EXPECT_EQ(own.given_text, "8.98675");
         EXPECT_EQ(own.state_text(), "Last state: T = 76.85 degC,  p = 8.98675 bar(g)");
@@ -442,6 +445,19 @@ TEST_F(ResultUnits, AComparisonNamesTheChosenUnitsInItsHeads) {
     EXPECT_THAT(us, testing::Contains("T/degF = 80.33"));
     EXPECT_THAT(us, testing::Contains(testing::StartsWith("chi, 1/psi ")));
     EXPECT_THAT(kelvin, testing::Contains("T/K = 300"));
+}
+
+TEST_F(ResultUnits, WhatCouldNotBeCalculatedIsToldTheSameWayInOtherUnits) {
+    input = {.T = 400, .p = 500};
+    calculate(4);
+    ASSERT_TRUE(last.failed());
+    EXPECT_EQ(resultText.par1.text, "T = 400.000 K > T(cr) !!!");
+    const report::TaskResult told = report::told_in(last, *models::read_choice("metric"));
+    EXPECT_EQ(told.report.par1.text, "T = 126.850 degC > T(cr) !!!");
+    EXPECT_TRUE(told.report.par1.red && told.failed());
+    EXPECT_EQ(texts(report::told_in(told, {})), texts(last));
+    const report::TaskResult nothing;
+    EXPECT_EQ(texts(report::told_in(nothing, *models::read_choice("metric"))), texts(nothing));
 }
 
 TEST_F(ResultUnits, UnitsThatAFluidCannotHaveBecomeMolarOnes) {
