@@ -237,9 +237,8 @@ std::string function_label(const models::Units& units, const FunctionLine& line)
     const std::string told = line.label;
     if (!has_own_units(units)) return told;
     const std::string symbol = told.substr(0, told.find('/') + 1);
-    return text::pad_right(symbol + unit_name(units, dimension_of(line.function)),
-                           told.size() - 1) +
-           "=";
+    const std::string label = symbol + unit_name(units, dimension_of(line.function));
+    return text::pad_right(label, std::max(label.size(), told.size() - 1)) + "=";
 }
 
 void add_functions(std::vector<std::string>& lines, const models::Units& units,
@@ -352,9 +351,11 @@ void add_extended(std::vector<std::string>& lines, const models::Units& units, f
     for (int i = 0; i < kLabels; ++i) {
         const ExtendedRow extended = extended_row(units, i, form);
         if (extended.label.empty()) continue;
-        lines.push_back(row(text::pad_right(extended.label, label_width) + " : ",
-                            value(record.rhoL, record.liquid, i, extended.factor),
-                            value(record.rhoV, record.vapour, i, extended.factor)));
+        lines.push_back(row(
+            text::pad_right(extended.label, std::max(label_width, text::length(extended.label))) +
+                " : ",
+            value(record.rhoL, record.liquid, i, extended.factor),
+            value(record.rhoV, record.vapour, i, extended.factor)));
     }
 }
 

@@ -141,7 +141,11 @@ ResultNumbers function_values(const Made& made, const calculation::Request& requ
     Table t{.made = made, .request = request, .answer = answer};
     if (answer.reason == calculation::Reason::arithmetic) return {};
     // Without one they are those of absolute zero and of the vacuum, whatever the unit.
-    t.set(kT, Dimension::temperature, answer.T);
+    // That of a tank has come through 32 bits.
+    const double T = is_tank(request.task) && answer.T == static_cast<double>(request.tank.T)
+                         ? digits_of(request.tank.T)
+                         : answer.T;
+    t.set(kT, Dimension::temperature, T);
     t.set(kP, Dimension::pressure, pressure_of(t));
     set_answer(t);
     return t.values;

@@ -1,6 +1,7 @@
 #include "report/iso_calculator.h"
 
 #include "common/numbers.h"
+#include "common/text.h"
 #include "report/teller.h"
 
 namespace quor::report {
@@ -88,6 +89,9 @@ void IsoCalculator::refill() {
 void IsoCalculator::label() {
     const bool given_T = given == IsoGiven::T;
     constant_label = iso_label(function);
+    if (has_own_units(units()))
+        constant_label = text::trim(constant_label.substr(0, constant_label.find('='))) + "/(" +
+                         unit_name(units(), iso_dimension(function)) + ") =";
     given_label = label_of(units(), given_T, given_T ? "  T/K =" : "p/kPa =");
     sought_label = label_of(units(), !given_T, given_T ? "p/kPa = " : "T/K =");
 }

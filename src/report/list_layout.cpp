@@ -20,7 +20,11 @@ ListLine rule_line(char c, std::size_t count) {
 }
 
 std::string label_field(std::string_view label) {
-    return text::pad_right(text::trim_right(label), kLabelWidth - 2) + "= ";
+    return padded(text::trim_right(label), kLabelWidth - 2) + "= ";
+}
+
+std::string padded(std::string_view text, std::size_t width) {
+    return text::pad_right(text, std::max(width, text::length(text)));
 }
 
 namespace {
@@ -58,16 +62,16 @@ Quantity quantity_of(std::string_view label) {
 ListLine phase_row(std::string_view name, std::string_view label, const PhaseTexts& values) {
     if (label.empty()) return phase_row(name, values, quantity_of(name));
     const Quantity quantity = quantity_of(label);
-    const std::size_t further = std::max(label.size(), kLabelWidth) - kLabelWidth;
+    const std::size_t further = std::max(text::length(label), kLabelWidth) - kLabelWidth;
     return {.text = in_columns(text::pad_right(name, kLabelWidth - std::min(further, kLabelWidth)) +
-                                   text::pad_right(label, kLabelWidth),
+                                   padded(label, kLabelWidth),
                                values),
             .cells = {text::trim(name) + " " + quantity.name, quantity.unit, values.L, values.V},
             .of_phases = true};
 }
 
 ListLine phase_row(std::string_view name, const PhaseTexts& values, const Quantity& quantity) {
-    return {.text = in_columns(text::pad_right(name, 2 * kLabelWidth), values),
+    return {.text = in_columns(padded(text::trim_right(name), 2 * kLabelWidth), values),
             .cells = {quantity.name, quantity.unit, values.L, values.V},
             .of_phases = true};
 }

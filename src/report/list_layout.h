@@ -26,6 +26,8 @@ struct Quantity {
 /// The parts of a label such as "h/ (kJ/kmol)   = ": "h" and "kJ/kmol".
 Quantity quantity_of(std::string_view label);
 
+/// Padded with blanks on the right; a longer text stays whole.
+std::string padded(std::string_view text, std::size_t width);
 /// A line of text without cells.
 ListLine plain_line(std::string text);
 /// A line of text that tells of an error.

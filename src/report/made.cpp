@@ -32,9 +32,23 @@ const char* caloric_name(models::CaloricUnit unit) {
     return "kJ/kmol";
 }
 
+namespace {
+
+/// Those of T, p, v and h.
+std::string main_units(const models::Units& units) {
+    std::string all;
+    for (const Dimension dimension :
+         {Dimension::temperature, Dimension::pressure, Dimension::volume, Dimension::energy})
+        all += (all.empty() ? "" : ", ") + unit_name(units, dimension);
+    return all;
+}
+
+}  // namespace
+
 std::string name_of(const Made& made) {
     return made.fluid.substance().name + ", " +
-           text::trim(models::eos_name(made.fluid.models().eos)) + "; " + units_line(made.units);
+           text::trim(models::eos_name(made.fluid.models().eos)) + "; " +
+           (has_own_units(made.units) ? main_units(made.units) : units_line(made.units));
 }
 
 std::string units_line(const models::Units& units) {

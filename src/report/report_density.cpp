@@ -137,17 +137,16 @@ void tell_partial_tank(Teller& t) {
 void tell_given_t_rho(Teller& t) {
     if (tell_missing(t)) return;
     const calculation::BatchDataSet& given = t.request.given;
-    tell_given(
-        t, static_cast<double>(t.request.task == calculation::Task::pressureOfLiquid ? given.rhoL
-                                                                                     : given.rhoV));
+    tell_given(t, digits_of(t.request.task == calculation::Task::pressureOfLiquid ? given.rhoL
+                                                                                  : given.rhoV));
     tell_state(t);
 }
 
 void tell_tank(Teller& t) {
     if (t.failed(Reason::noTank) || t.failed(Reason::tankAboveCritical)) return;
     const calculation::Tank& tank = t.request.tank;
-    tell_given(t, static_cast<double>(numbers::to_single(static_cast<double>(tank.m) /
-                                                         static_cast<double>(tank.V))));
+    tell_given(t, digits_of(numbers::to_single(static_cast<double>(tank.m) /
+                                               static_cast<double>(tank.V))));
     if (t.request.task == calculation::Task::partialTank)
         tell_partial_tank(t);
     else

@@ -103,7 +103,7 @@ std::string caloric_label(const models::Units& units, Function function) {
     const Dimension dimension = dimension_of(function);
     const char* told = kRows[function].labels[static_cast<std::size_t>(units.choice.caloric)];
     if (!units.has_own(dimension)) return told;
-    return symbol_of(told) + "/ (" + unit_name(units, dimension) + ")";
+    return symbol_of(told) + "/(" + unit_name(units, dimension) + ")";
 }
 
 void tell_functions(Teller& t) {

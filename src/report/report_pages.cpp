@@ -59,7 +59,7 @@ void derivative_row(Teller& t, const models::Units& units, int index, const char
     symbol.resize(std::min(symbol.find("/(1/"), symbol.size()));
     const bool named = has_own_units(t.units()) && !unit.empty();
     const double factor = factor_of(units, derived);
-    value_row(t, named ? text::pad_right(symbol + ", " + unit, kWidth) + " : " : label(index),
+    value_row(t, named ? padded(symbol + ", " + unit, kWidth) + " : " : label(index),
               {symbol, unit}, mask, [&](const PhaseDerivatives& d) { return of(d) * factor; });
 }
 

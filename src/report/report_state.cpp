@@ -75,7 +75,7 @@ void tell_given_p_rho(Teller& t) {
     if (tell_missing(t)) return;
     const calculation::Answer& a = t.answer;
     t.out.par1.text = pressure_text(t, a.p);
-    t.out.par2.text = density_text(t, static_cast<double>(t.request.given.rhoV));
+    t.out.par2.text = density_text(t, digits_of(t.request.given.rhoV));
     if (t.failed(Reason::noTemperature) || t.failed(Reason::belowCovolume)) {
         t.out.co2 = {t.failed(Reason::belowCovolume) ? " T = , no T-solution (v <= b)" : " Error",
                      true, false};

@@ -87,6 +87,7 @@ float fraction_of(const Answer& a) {
 }
 
 TaskResult told_in(const TaskResult& result, const models::UnitChoice& choice) {
+    if (result.answer.task == Task::none) return result;
     TaskResult told;
     told.made = result.made;
     told.request = result.request;

@@ -52,7 +52,7 @@ TaskResult make_result(const models::Fluid& fluid, const models::ReferenceState&
                        const models::UnitChoice& units, const calculation::Request& request);
 
 /// The same result in other units: nothing is calculated. Units that the fluid cannot have become
-/// molar ones. Never throws.
+/// molar ones, and what was not calculated at all stays as it is. Never throws.
 TaskResult told_in(const TaskResult& result, const models::UnitChoice& choice);
 
 /// The boxes that belong to a result.

@@ -103,18 +103,22 @@ TEST_F(ResultsBelong, CaptionAndInputBelongToTheStateOfTheIsoCalculator) {
     EXPECT_EQ(read("par1"), "T = 310.000 K");
 }
 
-TEST_F(ResultsBelong, AResultOfOtherUnitsIsMarkedUntilItIsCalculatedAgain) {
+TEST_F(ResultsBelong, AResultIsToldInOtherUnitsAndMarkedAfterAnotherReferenceState) {
     startProject("Carbon dioxide");
     chooseTp();
     calculate("300", "3000");
     EXPECT_EQ(read("statusZeile"), "");
+    EXPECT_TRUE(lists("v/ (m^3/kmol"));
     drive::when("frmOptions", [] {
         click("optMolarSpez_1");
         click("cmdOK");
     });
     choose("mnuOptions");
-    EXPECT_EQ(read("statusZeile"),
-              "Outdated: of Carbon dioxide, CEOS Peng / Robinson; m^3/kmol, kJ/kmol");
+    EXPECT_EQ(read("statusZeile"), "");
+    EXPECT_TRUE(lists("v/ (m^3/kg"));
+    session.change()->reference.href = 1000;
+    EXPECT_TRUE(read("statusZeile")
+                    .startsWith("Outdated: of Carbon dioxide, CEOS Peng / Robinson; m^3/kg"));
     calculate("300", "3000");
     EXPECT_EQ(read("statusZeile"), "");
     EXPECT_TRUE(lists("v/ (m^3/kg"));

@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "gui/calc_view_test.h"
+#include "models/unit_text.h"
 #include "screens/look.h"
 
 using namespace quor;
@@ -36,6 +37,7 @@ class CalculationScreens : public CalcViewTest {
     void lookAtChoices();
     void lookAtTanks();
     void lookAtData();
+    void lookAtUnits();
 
     QString suffix;
     const QPalette light_ = QApplication::palette();
@@ -151,12 +153,42 @@ void CalculationScreens::lookAtData() {
     click("cmdCalc_OK");
 }
 
+void CalculationScreens::lookAtUnits() {
+    const auto inAll = [&](const std::vector<const char*>& views, const QString& name) {
+        for (const char* set : {"metric", "chemistry", "us", "T=degF,p=psi(g),v=ft^3/lbmol"}) {
+            session.change()->units = *models::read_choice(set);
+            const QString of = QString("_%1_%2").arg(name, QString(set).section('=', 0, 0));
+            for (const char* view : views) lookAt(view, view + of);
+        }
+        session.change()->units = {};
+    };
+    session.change()->batch_mode = false;
+    chooseTp();
+    calculate("270", "2900");
+    for (const char* page : {"ResPlus_1", "ResPlus_2", "chkUHS"}) click(page);
+    click("cmdCEOSDiagnose");
+    inAll({"frmCalcOut", "frmCEOSDiagnose"}, "pages");
+    choose("mnuCalc_11");
+    calculate("350", "4000");
+    click("cmdIsoCalc");
+    inAll({"frmCalcOut", "frmIsoCalc"}, "functions");
+    click("cmdEsc");
+    choose("mnuCalc_15");
+    type("par_0", "1");
+    type("par_1", "500");
+    type("par_2", "280");
+    click("cmdParameter_OK");
+    inAll({"frmCalcOut", "frmKessel"}, "tank");
+    click("cancel");
+}
+
 TEST_F(CalculationScreens, InLight) {
     startProject("Carbon dioxide");
     lookAtDirectCalculations();
     lookAtChoices();
     lookAtTanks();
     lookAtData();
+    lookAtUnits();
 }
 
 TEST_F(CalculationScreens, InDark) {

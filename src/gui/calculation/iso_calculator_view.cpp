@@ -218,7 +218,7 @@ QLayout* IsoCalculatorView::buildButtons() {
 
 void IsoCalculatorView::follow() {
     setQuantities();
-    constantLabel_->setText(qt(iso_.constant_label));
+    constantLabel_->setText(pretty(iso_, iso_.constant_label));
     constant_->setText(qt(iso_.constant_text));
     givenLabel_->setText(pretty(iso_, iso_.given_label));
     givenValue_->setText(qt(iso_.given_text));
