@@ -357,6 +357,10 @@ std::string own_axis_text(Axis axis, const UnitChoice& choice) {
                : behind_symbol(axis_symbol(axis), name_of(choice, *dimensions.begin()));
 }
 
+std::string window_text(const std::string& text, const UnitChoice& choice) {
+    return choice.shown == UnitChoice{}.shown ? text : text::with_unit_signs(text);
+}
+
 namespace {
 
 /// The unit of the other caloric quantity that goes with one.

@@ -268,4 +268,39 @@ TEST_F(SheetUnits, ReferencesInTheFooterAreToldInTheUnits) {
     EXPECT_TRUE(sheet.chart.header.text.starts_with("specific")) << sheet.chart.header.text;
 }
 
+TEST_F(SheetUnits, TheMaximumOfASlopeInTheHeaderFollows) {
+    open(11);  // dlnp / d(1/T)
+    ASSERT_TRUE(diagrams::draw(sheet, pen()));
+    const std::string before = sheet.chart.header.text;
+    ASSERT_TRUE(sheet.T_of_maximum) << before;
+    EXPECT_NE(before.find("maximum at"), std::string::npos);
+    change("metric");
+    models::Units celsius;
+    celsius.choice = set_of("T=degC");
+    celsius.scales[0] = {1, -273.15, "degC"};
+    const std::string told = diagrams::maximum_text(sheet.T_of_maximum, celsius);
+    EXPECT_TRUE(sheet.request.texts.title.ends_with(told)) << sheet.request.texts.title;
+    EXPECT_NE(sheet.chart.header.text, before);
+    change("molar");
+    EXPECT_EQ(sheet.chart.header.text, before);
+}
+
+TEST_F(SheetUnits, ARangeOfValidityIsToldInTheUnit) {
+    int told = 0;
+    for (const diagrams::Diagram& row : diagrams::all_diagrams()) {
+        if (row.section != diagrams::Section::database ||
+            !diagrams::opening_answer(row, fluid()).opens)
+            continue;
+        open(row.code);
+        ASSERT_TRUE(diagrams::draw(sheet, pen())) << row.code;
+        const std::string before = sheet.chart.footer.text;
+        change("us");
+        EXPECT_TRUE(sheet.chart.footer.text.ends_with(" degF")) << sheet.chart.footer.text;
+        change("molar");
+        EXPECT_EQ(sheet.chart.footer.text, before);
+        ++told;
+    }
+    EXPECT_GT(told, 3);
+}
+
 }  // namespace
