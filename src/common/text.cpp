@@ -168,6 +168,72 @@ std::string to_upper(std::string_view s) {
     return r;
 }
 
+namespace {
+
+bool is_letter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+bool is_letter_or_digit(char c) {
+    return is_letter(c) || (c >= '0' && c <= '9');
+}
+
+/// What is printed in the place of a part of a unit. A word of `before` and of `after` may have to
+/// stand around it.
+struct UnitSign {
+    std::string_view written, printed;
+    std::string_view before{}, after{};
+};
+constexpr UnitSign kUnitSigns[] = {{"^2", "²"},
+                                   {"^3", "³"},
+                                   {"degC", "°C"},
+                                   {"degF", "°F"},
+                                   {"degR", "°R"},
+                                   {" ", "·", "(kmol", "K"},
+                                   {" ", "·", "(mol", "K"},
+                                   {" ", "·", "(kg", "K"},
+                                   {" ", "·", "(lb", "degR"},
+                                   {"*", "·", "", "m^3"},
+                                   {"*", "·", "", "cm^3"},
+                                   {"*", "·", "", "ft^3"},
+                                   {"*", "·", "", "l/"}};
+
+/// A word ends where no letter or digit goes on.
+bool ends_word(std::string_view s, std::size_t end) {
+    return end >= s.size() || !is_letter_or_digit(s[end]);
+}
+
+bool stands_at(const UnitSign& sign, std::string_view s, std::size_t at) {
+    const std::size_t end = at + sign.written.size();
+    if (s.substr(at, sign.written.size()) != sign.written) return false;
+    if (sign.written == "*")
+        return at > 0 && is_letter_or_digit(s[at - 1]) && s.substr(end).starts_with(sign.after);
+    if (!sign.before.empty())
+        return s.substr(0, at).ends_with(sign.before) && s.substr(end).starts_with(sign.after) &&
+               ends_word(s, end + sign.after.size());
+    const bool is_power = sign.written.front() == '^';
+    const bool begins =
+        is_power ? at > 0 && is_letter(s[at - 1]) : at == 0 || !is_letter_or_digit(s[at - 1]);
+    return begins && ends_word(s, end);
+}
+
+}  // namespace
+
+std::string with_unit_signs(std::string_view s) {
+    std::string printed;
+    for (std::size_t at = 0; at < s.size();) {
+        const auto sign = std::find_if(std::begin(kUnitSigns), std::end(kUnitSigns),
+                                       [&](const UnitSign& u) { return stands_at(u, s, at); });
+        if (sign == std::end(kUnitSigns)) {
+            printed += s[at++];
+        } else {
+            printed += sign->printed;
+            at += sign->written.size();
+        }
+    }
+    return printed;
+}
+
 std::vector<std::string> split(std::string_view s, char separator) {
     std::vector<std::string> parts;
     for (;;) {

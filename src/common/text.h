@@ -25,6 +25,10 @@ std::string pad_right(std::string_view s, std::size_t width);
 /// Padded with blanks on the left; a longer text stays whole.
 std::string pad_left(std::string_view s, std::size_t width);
 
+/// Units in a text as they are printed: "m³/kmol" for "m^3/kmol", "kJ/(kg·K)" for "kJ/(kg K)", "°C"
+/// for "degC". Everything else stays, and so do other powers and words that only begin like a unit.
+std::string with_unit_signs(std::string_view s);
+
 /// Conversions between UTF-8 and the single-byte pages of the files. What cannot be converted
 /// becomes '?'.
 std::string from_ansi(std::string_view bytes);  ///< code page 1252 to UTF-8

@@ -1,6 +1,8 @@
 #include "diagrams/axis_units.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <initializer_list>
 #include <utility>
@@ -230,9 +232,34 @@ AxisScales shown_scales(const Diagram& diagram, const Basis& basis) {
 
 namespace {
 
+/// A number with so many significant digits.
+double rounded_to(double value, int digits) {
+    std::array<char, 32> text{};
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
+                                       std::chars_format::scientific, digits - 1);
+    double rounded = value;
+    std::from_chars(text.data(), written.ptr, rounded);
+    return rounded;
+}
+
 CurveWindow converted(const CurveWindow& w, const auto& x, const auto& y) {
-    const auto single = [](double value) { return numbers::to_single(value); };
-    return {single(x(w.x_min)), single(x(w.x_max)), single(y(w.y_min)), single(y(w.y_max))};
+    return {x(w.x_min), x(w.x_max), y(w.y_min), y(w.y_max)};
+}
+
+float shown_single(const AxisScale& scale, float computed) {
+    return numbers::to_single(scale(static_cast<double>(computed)));
+}
+
+/// The computed number with the fewest digits that is shown as a 32-bit number: a limit at the
+/// triple point must not come back just below it.
+float computed_single(const AxisScale& scale, float shown) {
+    constexpr int kMostDigits = 9;
+    const double value = scale.back(static_cast<double>(shown));
+    for (int digits = 1; digits <= kMostDigits && std::isfinite(value); ++digits) {
+        const float rounded = numbers::to_single(rounded_to(value, digits));
+        if (shown_single(scale, rounded) == shown) return rounded;
+    }
+    return numbers::to_single(value);
 }
 
 }  // namespace
@@ -240,15 +267,15 @@ CurveWindow converted(const CurveWindow& w, const auto& x, const auto& y) {
 CurveWindow AxisScales::shown(const CurveWindow& computed) const {
     if (are_identity()) return computed;
     return converted(
-        computed, [this](float value) { return x(static_cast<double>(value)); },
-        [this](float value) { return y(static_cast<double>(value)); });
+        computed, [this](float value) { return shown_single(x, value); },
+        [this](float value) { return shown_single(y, value); });
 }
 
 CurveWindow AxisScales::computed(const CurveWindow& shown) const {
     if (are_identity()) return shown;
     return converted(
-        shown, [this](float value) { return x.back(static_cast<double>(value)); },
-        [this](float value) { return y.back(static_cast<double>(value)); });
+        shown, [this](float value) { return computed_single(x, value); },
+        [this](float value) { return computed_single(y, value); });
 }
 
 namespace {
@@ -328,6 +355,10 @@ std::string own_axis_text(Axis axis, const UnitChoice& choice) {
     return dimensions.size() == 0
                ? std::string()
                : behind_symbol(axis_symbol(axis), name_of(choice, *dimensions.begin()));
+}
+
+std::string window_text(const std::string& text, const UnitChoice& choice) {
+    return choice.shown == UnitChoice{}.shown ? text : text::with_unit_signs(text);
 }
 
 namespace {

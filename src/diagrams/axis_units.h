@@ -57,6 +57,10 @@ std::optional<models::Unit> plain_unit_of(const Diagram* row, Axis axis,
 /// Text of an axis with a unit of its own, such as "p / bar(g)" or "ln(p/psi)".
 std::string own_axis_text(Axis axis, const models::UnitChoice& choice);
 
+/// A text with units as windows show it: those of a choice with units of its own are printed with
+/// their signs, the told ones stay.
+std::string window_text(const std::string& text, const models::UnitChoice& choice);
+
 /// The choices of units with which an axis has a text, without blanks around it; what the axis does
 /// not show is as in `others`, caloric quantities in units of one kind.
 std::vector<models::UnitChoice> choices_with_text(Axis axis, const std::string& text,

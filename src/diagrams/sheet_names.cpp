@@ -21,8 +21,11 @@ using chart::Series;
 std::string state_text(double T, double p, const models::Units& units) {
     const auto part = [&](Parameter what, double value, const char* unit) {
         const models::Scale* own = own_scale(what, units);
-        return numbers::general(static_cast<float>(own ? own->shown(value) : value)) + " " +
-               (own ? std::string(own->name) : unit);
+        // A difference of 32-bit numbers has fewer digits than they have.
+        constexpr int kDigits = 6;
+        if (own != nullptr)
+            return numbers::general(own->shown(value), kDigits) + " " + std::string(own->name);
+        return numbers::general(static_cast<float>(value)) + " " + unit;
     };
     return part(Parameter::T, T, "K") + ", " + part(Parameter::p, p, "kPa");
 }

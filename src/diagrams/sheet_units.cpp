@@ -5,7 +5,6 @@
 #include <exception>
 #include <utility>
 
-#include "chart/sheet2d.h"
 #include "chart/ticks.h"
 #include "common/numbers.h"
 #include "common/text.h"

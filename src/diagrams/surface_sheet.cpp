@@ -87,6 +87,7 @@ int within_bounds(int nodes) {
 void redraw(SurfaceSheet& sheet) {
     if (sheet.kind == nullptr) return;
     const SurfaceTexts shown = texts_of(sheet.chart), given = sheet.given;
+    sheet.foreign = false;
     compute(sheet);
     keep_changed_texts(sheet.chart, shown, given);
     if (has_critical_mark(sheet)) {
@@ -274,7 +275,6 @@ std::optional<SurfaceQuantity> quantity_of(const SurfaceSheet& sheet, Axis axis)
 void new_draw(SurfaceSheet& sheet, const Basis& basis) {
     if (sheet.kind != nullptr) sheet.limits = limits_in(sheet, basis);
     sheet.basis = basis;
-    sheet.foreign = false;
     redraw(sheet);
 }
 

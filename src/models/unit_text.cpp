@@ -202,14 +202,7 @@ Result<double> typed_value(std::string_view text, Dimension dimension, const Sca
 }
 
 std::string pretty_unit(std::string_view name) {
-    std::string pretty(name);
-    for (const Spelling& s :
-         {Spelling{"^3", "³"}, Spelling{"^2", "²"}, Spelling{"kmol K", "kmol·K"},
-          Spelling{"mol K", "mol·K"}, Spelling{"kg K", "kg·K"}, Spelling{"degC", "°C"},
-          Spelling{"degF", "°F"}, Spelling{"degR", "°R"}, Spelling{"lb °R", "lb·°R"},
-          Spelling{"kPa*m", "kPa·m"}})
-        pretty = text::replace_all(std::move(pretty), s.written, s.meant);
-    return pretty;
+    return text::with_unit_signs(name);
 }
 
 }  // namespace quor::models

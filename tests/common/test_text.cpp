@@ -70,4 +70,26 @@ TEST(Text, BytesThatAreNoUtf8AreKnown) {
         EXPECT_FALSE(text::is_utf8(wrong)) << wrong;
 }
 
+TEST(Text, UnitsArePrintedWithTheirSigns) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"m^3/kmol", "m³/kmol"},
+        {"v / (ft^3/lb)", "v / (ft³/lb)"},
+        {"kJ/(kmol K)", "kJ/(kmol·K)"},
+        {"kJ/(kg K)", "kJ/(kg·K)"},
+        {"J/(mol K)", "J/(mol·K)"},
+        {"BTU/(lb degR)", "BTU/(lb·°R)"},
+        {"T / degC", "T / °C"},
+        {"80.33 degF", "80.33 °F"},
+        {"pv / (kPa*m^3/kmol)", "pv / (kPa·m³/kmol)"},
+        {"pv / (bar*l/kg)", "pv / (bar·l/kg)"},
+    };
+    for (const auto& [plain, printed] : rows) EXPECT_EQ(text::with_unit_signs(plain), printed);
+}
+
+TEST(Text, WhatIsNoUnitKeepsItsCharacters) {
+    for (const char* plain : {"x^25", "^3", "degCelsius", "xdegC", "(kg Kr)", "5 kg K", "a * m^",
+                              "", "p(red) * v(red)", "10^3", "²³·°"})
+        EXPECT_EQ(text::with_unit_signs(plain), plain);
+}
+
 }  // namespace

@@ -1,6 +1,7 @@
 #include "diagrams/parameter_input.h"
 
 #include "diagrams/sheet_support.h"
+#include "models/unit_text.h"
 
 using namespace quor;
 
@@ -45,6 +46,26 @@ TEST_F(ParameterInput, TakesReducedValues) {
     EXPECT_EQ(shown(Section::isothermal), "T = 0.80");
     EXPECT_EQ(take(Section::isobaric, 0.5), ParameterStatus::taken);
     EXPECT_NEAR(sheet.at.p, 0.5 * substance.pcrit, 1e-3);
+}
+
+TEST_F(ParameterInput, TakesValuesInUnitsOfTheirOwn) {
+    units = models::read_choice("T=degC,p=bar(g),v=l/kg").value();
+    EXPECT_EQ(take(Section::isothermal, -20), ParameterStatus::taken);
+    EXPECT_NEAR(sheet.at.T, 253.15, 1e-12);
+    EXPECT_EQ(shown(Section::isothermal), "T = -20 °C");
+    for (const double bad : {-273.15, -273.0, 1e6, std::nan("")})
+        EXPECT_EQ(take(Section::isothermal, bad), ParameterStatus::invalid) << bad;
+    EXPECT_EQ(take(Section::isobaric, 0), ParameterStatus::taken);
+    EXPECT_NEAR(sheet.at.p, 101.325, 1e-12);
+    EXPECT_EQ(take(Section::isobaric, -1.02), ParameterStatus::invalid);
+    EXPECT_EQ(take(Section::isochoric, 40), ParameterStatus::taken);
+    EXPECT_NEAR(sheet.at.v, 0.04 * static_cast<double>(substance.M), 1e-12);
+    EXPECT_EQ(take_range(Section::isobaric, 3, -50, 80), "");
+    EXPECT_NEAR(sheet.at.p, 401.325, 1e-12);
+    EXPECT_NEAR(process.range_start, 223.15, 1e-12);
+    EXPECT_NEAR(process.range_end, 353.15, 1e-12);
+    EXPECT_EQ(take_range(Section::isobaric, 3, -300, 80), "specificated p and T have to be > 0");
+    EXPECT_EQ(diagrams::shown_limit(Section::isothermal, basis().units, 300), 300 - 273.15);
 }
 
 TEST_F(ParameterInput, TakesAPressureInItsRange) {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "common/text.h"
+
 namespace quor::chart {
 
 namespace {
@@ -23,10 +25,15 @@ QString baseText(const PowerText& power) {
     return power.mantissa.empty() ? QStringLiteral("10") : toQt(power.mantissa) + dot + "10";
 }
 
+/// A text as it is printed; files and fields keep its units in plain characters.
+QString printed(const std::string& text) {
+    return toQt(text::with_unit_signs(text));
+}
+
 QSizeF textSize(const std::string& text, const QFont& font) {
     const QFontMetricsF metrics(font);
     const auto power = as_power(text);
-    if (!power) return metrics.size(0, toQt(text));
+    if (!power) return metrics.size(0, printed(text));
     const double exponent =
         QFontMetricsF(exponentFont(font)).horizontalAdvance(toQt(power->exponent));
     const double width = metrics.horizontalAdvance(baseText(*power)) + exponent;
@@ -169,7 +176,7 @@ void paintText(QPainter& painter, const QPointF& centre, const std::string& text
     } else {
         // The box is wider than the text, so that another device's metrics never clip it.
         const QRectF box(-size.width(), -size.height(), 2 * size.width(), 2 * size.height());
-        painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, toQt(text));
+        painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, printed(text));
     }
     painter.restore();
 }

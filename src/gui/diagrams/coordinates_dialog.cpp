@@ -37,7 +37,7 @@ CoordinatesDialog::CoordinatesDialog(diagrams::DiagramSheet& sheet, QWidget* par
         show(coord_[i], fields[i].now);
         const std::string& unit = i < 2 ? sheet.request.texts.x : sheet.request.texts.y;
         form::addRow(grid, static_cast<int>(i), fields[i].caption, coord_[i],
-                     QString::fromStdString(unit).trimmed());
+                     QString::fromStdString(diagrams::window_text(unit, sheet.units)).trimmed());
     }
     for (std::size_t i = 0; i < fields.size(); ++i)
         if (const auto quantity = diagrams::quantity_of(sheet, i < 2))

@@ -459,7 +459,7 @@ void DiagramWindow::showReadout(const chart::ChartHit& hit) {
     if (hit.part == ChartPart::Label || hit.part == ChartPart::Header ||
         hit.part == ChartPart::Footer)
         under = diagrams::Under::Text;
-    status_->setText(qt(text + diagrams::hint(under)));
+    status_->setText(qt(diagrams::window_text(text, sheet_.units) + diagrams::hint(under)));
 }
 
 void DiagramWindow::clicked(const chart::ChartHit& hit) {

@@ -50,9 +50,13 @@ Axis quantityOf(const LimitRow& row, const diagrams::SurfaceKind& kind) {
 QString titleOf(const diagrams::SurfaceSheet& sheet, Axis axis) {
     const diagrams::SurfaceKind& kind = *sheet.kind;
     const diagrams::SurfaceTexts texts = diagrams::texts_of(kind, sheet.basis);
-    if (kind.x == axis) return QString::fromStdString(texts.x_label).trimmed();
-    if (kind.y == axis) return QString::fromStdString(texts.y_label).trimmed();
-    if (kind.z == axis) return QString::fromStdString(texts.z_label).trimmed();
+    const auto shown = [&](const std::string& label) {
+        const models::UnitChoice& units = sheet.basis.units.choice;
+        return QString::fromStdString(diagrams::window_text(label, units)).trimmed();
+    };
+    if (kind.x == axis) return shown(texts.x_label);
+    if (kind.y == axis) return shown(texts.y_label);
+    if (kind.z == axis) return shown(texts.z_label);
     return {};
 }
 

@@ -47,7 +47,8 @@ SurfaceWindow::SurfaceWindow(Desk& desk, diagrams::SurfaceSheet sheet)
 
     using chart::Chart3DWidget;
     connect(canvas_, &Chart3DWidget::surfaceMoved, this, [this](double x, double y, double z) {
-        status_->setText(qt(diagrams::surface_readout(sheet_.chart, x, y, z)));
+        status_->setText(qt(diagrams::window_text(diagrams::surface_readout(sheet_.chart, x, y, z),
+                                                  sheet_.basis.units.choice)));
     });
     connect(canvas_, &Chart3DWidget::surfaceLeft, this, [this] { status_->setText(kHint); });
     connect(canvas_, &Chart3DWidget::viewChanged, this, &SurfaceWindow::followView);
