@@ -375,8 +375,9 @@ class Flash::Search {
 
     /// Far from where they were made for, some equations have states whose cv is not positive.
     void drop_unstable() {
-        if (k_.simple_ || !(k_.caloric_.high > 0)) return;
+        if (!(k_.caloric_.high > 0)) return;
         const auto unstable = [&](const Found& at) {
+            if (k_.simple_ && at.T >= k_.caloric_.low && at.T <= k_.caloric_.high) return false;
             const auto z =
                 at.two ? std::nullopt : state_functions(f_, k_.reference_, {}, at.T, at.p, at.v);
             return z && !(z->cv > 0);
@@ -433,7 +434,7 @@ class Flash::Search {
         if (v_only()) return FlashPhase::vapour;
         if (at.T < s_.Tcrit)
             return at.v < f_.eos().vcrit_calculated ? FlashPhase::liquid : FlashPhase::vapour;
-        return at.p > s_.pcrit ? FlashPhase::supercritical : FlashPhase::vapour;
+        return at.p >= s_.pcrit ? FlashPhase::supercritical : FlashPhase::vapour;
     }
 
     bool complete(const Found& at, FlashState& r) {
