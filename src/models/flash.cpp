@@ -638,15 +638,22 @@ class Flash::Search {
     /// The same over T. Some equations have another a(T) above the critical point, whose slope, and
     /// so h, s and u, jump there.
     template <class F, class Take>
-    void over_T(F f, FlashRange range, double scale, Take take, const Kinks& kinks = {}) const {
+    void over_T(F f, FlashRange range, double scale, Take take, Kinks kinks = {}) const {
+        for (std::size_t i = 0; i < kinks.count; ++i) kinks.at[i] = std::log(kinks.at[i]);
         const auto part = [&](double low, double high) {
-            if (low < high) for_all(zeros_of(f, low, high, k_.simple_, scale, kinks), take);
+            if (!(low < high)) return;
+            const auto T_of = [&](double q) { return std::clamp(std::exp(q), low, high); };
+            for_all(zeros_of([&](double q) { return f(T_of(q)); }, std::log(low), std::log(high),
+                             k_.simple_, scale, kinks),
+                    [&](double q) { take(T_of(q)); });
         };
-        const double Tc = s_.Tcrit;
-        if (k_.simple_ || !(range.low < Tc && range.high > Tc)) return part(range.low, range.high);
-        part(range.low, Tc);
-        part(std::nextafter(Tc, 2 * Tc), range.high);
+        if (k_.simple_ || !(range.low < s_.Tcrit && range.high > s_.Tcrit))
+            return part(range.low, range.high);
+        part(range.low, s_.Tcrit);
+        part(above_critical(), range.high);
     }
+    /// The next number above the critical temperature.
+    double above_critical() const { return std::nextafter(s_.Tcrit, 2 * s_.Tcrit); }
 
     // -- T with h, s, u
 
@@ -722,7 +729,7 @@ class Flash::Search {
         double low = within.low, high = within.high;
         Side side = p < s_.pcrit ? Side::vapour : Side::only;
         double start = 0.5 * (low + std::min(high, 2 * s_.Tcrit));
-        if (const auto at = saturated_at_p(p)) {
+        if (const auto at = saturated_at_p(p); at && at->T >= low) {
             const auto zL = state_functions(f_, k_.reference_, {}, at->T, p, at->vL);
             const auto zV = state_functions(f_, k_.reference_, {}, at->T, p, at->vV);
             if (!zL || !zV) return std::nullopt;
@@ -789,7 +796,7 @@ class Flash::Search {
         const double Tc = s_.Tcrit;
         if (k_.simple_ || v_only() || !(all.low < Tc && all.high > Tc)) return within(all);
         within({all.low, Tc});
-        within({std::nextafter(Tc, 2 * Tc), all.high});
+        within({above_critical(), all.high});
     }
 
     bool on_isobar(double p, Property y, double value) {
@@ -811,7 +818,7 @@ class Flash::Search {
         if (!at) {
             branch(low, p < s_.pcrit ? high : std::min(high, s_.Tcrit),
                    p < s_.pcrit ? Side::vapour : Side::liquid);
-            if (!(p < s_.pcrit)) branch(std::max(low, s_.Tcrit), high, Side::vapour);
+            if (!(p < s_.pcrit)) branch(std::max(low, above_critical()), high, Side::vapour);
             return true;
         }
         add_if_between(*at, value_at(y, at->T, p, at->vL), value_at(y, at->T, p, at->vV), value,

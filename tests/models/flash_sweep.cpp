@@ -256,30 +256,35 @@ class Sweep {
     }
 
     /// How far states may lie apart, of T and ln v, whose values differ by 1E-9: by differences of
-    /// the values over T and ln v.
+    /// the values over T and ln v, to each side, as a state may lie at the edge of two phases.
     double spread(const models::FlashState& z, Property y1, Property y2) const {
-        constexpr double kStep = 1e-5;
+        constexpr double kStep = 1e-6;
+        const auto scaled = [&](Property y, double value) {
+            const double zero = difference(y, 0, value_of(z, y).value_or(1), z.T);
+            return value / (std::fabs(value_of(z, y).value_or(1)) / std::max(1e-300, zero));
+        };
         const auto values = [&](double T, double lnv) -> std::optional<std::array<double, 2>> {
             const auto at = flash_({Property::T, T}, {Property::v, std::exp(lnv)});
             if (!at) return std::nullopt;
             const auto first = value_of(*at, y1), second = value_of(*at, y2);
             if (!first || !second) return std::nullopt;
-            const auto scale = [&](Property y) {
-                const double value = value_of(z, y).value_or(1);
-                return value / std::max(1e-300, difference(y, 0, value, z.T));
-            };
-            return std::array{*first / std::fabs(scale(y1)), *second / std::fabs(scale(y2))};
+            return std::array{scaled(y1, *first), scaled(y2, *second)};
         };
         const double lnv = std::log(z.v);
-        const auto T1 = values(z.T * (1 - kStep), lnv), T2 = values(z.T * (1 + kStep), lnv);
-        const auto v1 = values(z.T, lnv - kStep), v2 = values(z.T, lnv + kStep);
-        if (!T1 || !T2 || !v1 || !v2) return HUGE_VAL;
-        const double a = ((*T2)[0] - (*T1)[0]) / (2 * kStep),
-                     b = ((*v2)[0] - (*v1)[0]) / (2 * kStep);
-        const double c = ((*T2)[1] - (*T1)[1]) / (2 * kStep),
-                     d = ((*v2)[1] - (*v1)[1]) / (2 * kStep);
-        const double determinant = std::fabs(a * d - b * c);
-        return 1e-9 * (std::fabs(a) + std::fabs(b) + std::fabs(c) + std::fabs(d)) / determinant;
+        const auto here = values(z.T, lnv);
+        double most = 0;
+        for (const double dT : {-kStep, kStep})
+            for (const double dv : {-kStep, kStep}) {
+                const auto over_T = values(z.T * (1 + dT), lnv), over_v = values(z.T, lnv + dv);
+                if (!here || !over_T || !over_v) continue;
+                const double a = ((*over_T)[0] - (*here)[0]) / dT,
+                             b = ((*over_v)[0] - (*here)[0]) / dv;
+                const double c = ((*over_T)[1] - (*here)[1]) / dT,
+                             d = ((*over_v)[1] - (*here)[1]) / dv;
+                const double size = std::fabs(a) + std::fabs(b) + std::fabs(c) + std::fabs(d);
+                most = std::max(most, 1e-9 * size / std::fabs(a * d - b * c));
+            }
+        return most;
     }
 
     static std::string described(const models::FlashState& z, models::GivenValue a,
