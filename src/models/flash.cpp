@@ -58,6 +58,14 @@ constexpr double kClosest = 1e-4;                    // (v - b)/b of the densest
 
 constexpr double kZero = 1e-11, kJump = 1e-9;  // of the scale of a value
 
+constexpr std::size_t kMostFound = 3 * Zeros::kMost;
+
+/// Places where a function has a kink.
+struct Kinks {
+    std::array<double, kMostFound> at{};
+    std::size_t count = 0;
+};
+
 }  // namespace
 
 // ---- What is known of a fluid before a search
@@ -195,7 +203,6 @@ class Flash::Search {
         Saturated at;  ///< of two phases
     };
     enum class Side { liquid, vapour, only };
-    static constexpr std::size_t kMostFound = 3 * Zeros::kMost;
 
     bool refuse(NoFlashReason why) {
         why_ = why;
@@ -593,12 +600,6 @@ class Flash::Search {
         for (std::size_t i = 0; i < zeros.count; ++i) f(zeros.x[i]);
     }
 
-    /// Places where a function has a kink.
-    struct Kinks {
-        std::array<double, kMostFound> at{};
-        std::size_t count = 0;
-    };
-
     /// Where states with this value enter and leave the two-phase region.
     template <class Variable>
     Kinks kinks(Property y, double value, Variable variable) const {
@@ -908,12 +909,15 @@ class Flash::Search {
     /// Along an isenthalp p v falls from that of the ideal gas to a minimum and rises again.
     bool at_h_u(double h, double u) {
         const double product = h - u;
-        if (!(product > 0)) return true;
+        // Of a liquid near its triple point p v may be lost in the rounding of h and u.
+        const double scale = scale_of(Property::h, h, k_.caloric_.low), least = kZero * scale;
+        if (!(product > -least)) return true;
         if (v_only()) at_h_u_of_virial(h, product);
         // v is above b, and p v is given.
         const double most =
-            k_.simple_ ? std::log(product / smallest_volume(k_.caloric_.low)) : most_log_p();
-        along_p(Property::h, h, most, scale_of(Property::h, h, k_.caloric_.low),
+            k_.simple_ ? std::log(std::max(product, least) / smallest_volume(k_.caloric_.low))
+                       : most_log_p();
+        along_p(Property::h, h, most, scale,
                 [&](const Found& at) { return at.p * at.v - product; });
         return true;
     }
