@@ -58,6 +58,14 @@ constexpr double kClosest = 1e-4;                    // (v - b)/b of the densest
 
 constexpr double kZero = 1e-11, kJump = 1e-9;  // of the scale of a value
 
+constexpr std::size_t kMostFound = 3 * Zeros::kMost;
+
+/// Places where a function has a kink.
+struct Kinks {
+    std::array<double, kMostFound> at{};
+    std::size_t count = 0;
+};
+
 }  // namespace
 
 // ---- What is known of a fluid before a search
@@ -195,7 +203,6 @@ class Flash::Search {
         Saturated at;  ///< of two phases
     };
     enum class Side { liquid, vapour, only };
-    static constexpr std::size_t kMostFound = 3 * Zeros::kMost;
 
     bool refuse(NoFlashReason why) {
         why_ = why;
@@ -375,8 +382,9 @@ class Flash::Search {
 
     /// Far from where they were made for, some equations have states whose cv is not positive.
     void drop_unstable() {
-        if (k_.simple_ || !(k_.caloric_.high > 0)) return;
+        if (!(k_.caloric_.high > 0)) return;
         const auto unstable = [&](const Found& at) {
+            if (k_.simple_ && at.T >= k_.caloric_.low && at.T <= k_.caloric_.high) return false;
             const auto z =
                 at.two ? std::nullopt : state_functions(f_, k_.reference_, {}, at.T, at.p, at.v);
             return z && !(z->cv > 0);
@@ -433,7 +441,7 @@ class Flash::Search {
         if (v_only()) return FlashPhase::vapour;
         if (at.T < s_.Tcrit)
             return at.v < f_.eos().vcrit_calculated ? FlashPhase::liquid : FlashPhase::vapour;
-        return at.p > s_.pcrit ? FlashPhase::supercritical : FlashPhase::vapour;
+        return at.p >= s_.pcrit ? FlashPhase::supercritical : FlashPhase::vapour;
     }
 
     bool complete(const Found& at, FlashState& r) {
@@ -592,12 +600,6 @@ class Flash::Search {
         for (std::size_t i = 0; i < zeros.count; ++i) f(zeros.x[i]);
     }
 
-    /// Places where a function has a kink.
-    struct Kinks {
-        std::array<double, kMostFound> at{};
-        std::size_t count = 0;
-    };
-
     /// Where states with this value enter and leave the two-phase region.
     template <class Variable>
     Kinks kinks(Property y, double value, Variable variable) const {
@@ -637,15 +639,22 @@ class Flash::Search {
     /// The same over T. Some equations have another a(T) above the critical point, whose slope, and
     /// so h, s and u, jump there.
     template <class F, class Take>
-    void over_T(F f, FlashRange range, double scale, Take take, const Kinks& kinks = {}) const {
+    void over_T(F f, FlashRange range, double scale, Take take, Kinks kinks = {}) const {
+        for (std::size_t i = 0; i < kinks.count; ++i) kinks.at[i] = std::log(kinks.at[i]);
         const auto part = [&](double low, double high) {
-            if (low < high) for_all(zeros_of(f, low, high, k_.simple_, scale, kinks), take);
+            if (!(low < high)) return;
+            const auto T_of = [&](double q) { return std::clamp(std::exp(q), low, high); };
+            for_all(zeros_of([&](double q) { return f(T_of(q)); }, std::log(low), std::log(high),
+                             k_.simple_, scale, kinks),
+                    [&](double q) { take(T_of(q)); });
         };
-        const double Tc = s_.Tcrit;
-        if (k_.simple_ || !(range.low < Tc && range.high > Tc)) return part(range.low, range.high);
-        part(range.low, Tc);
-        part(std::nextafter(Tc, 2 * Tc), range.high);
+        if (k_.simple_ || !(range.low < s_.Tcrit && range.high > s_.Tcrit))
+            return part(range.low, range.high);
+        part(range.low, s_.Tcrit);
+        part(above_critical(), range.high);
     }
+    /// The next number above the critical temperature.
+    double above_critical() const { return std::nextafter(s_.Tcrit, 2 * s_.Tcrit); }
 
     // -- T with h, s, u
 
@@ -721,7 +730,7 @@ class Flash::Search {
         double low = within.low, high = within.high;
         Side side = p < s_.pcrit ? Side::vapour : Side::only;
         double start = 0.5 * (low + std::min(high, 2 * s_.Tcrit));
-        if (const auto at = saturated_at_p(p)) {
+        if (const auto at = saturated_at_p(p); at && at->T >= low) {
             const auto zL = state_functions(f_, k_.reference_, {}, at->T, p, at->vL);
             const auto zV = state_functions(f_, k_.reference_, {}, at->T, p, at->vV);
             if (!zL || !zV) return std::nullopt;
@@ -788,7 +797,7 @@ class Flash::Search {
         const double Tc = s_.Tcrit;
         if (k_.simple_ || v_only() || !(all.low < Tc && all.high > Tc)) return within(all);
         within({all.low, Tc});
-        within({std::nextafter(Tc, 2 * Tc), all.high});
+        within({above_critical(), all.high});
     }
 
     bool on_isobar(double p, Property y, double value) {
@@ -810,7 +819,7 @@ class Flash::Search {
         if (!at) {
             branch(low, p < s_.pcrit ? high : std::min(high, s_.Tcrit),
                    p < s_.pcrit ? Side::vapour : Side::liquid);
-            if (!(p < s_.pcrit)) branch(std::max(low, s_.Tcrit), high, Side::vapour);
+            if (!(p < s_.pcrit)) branch(std::max(low, above_critical()), high, Side::vapour);
             return true;
         }
         add_if_between(*at, value_at(y, at->T, p, at->vL), value_at(y, at->T, p, at->vV), value,
@@ -900,12 +909,15 @@ class Flash::Search {
     /// Along an isenthalp p v falls from that of the ideal gas to a minimum and rises again.
     bool at_h_u(double h, double u) {
         const double product = h - u;
-        if (!(product > 0)) return true;
+        // Of a liquid near its triple point p v may be lost in the rounding of h and u.
+        const double scale = scale_of(Property::h, h, k_.caloric_.low), least = kZero * scale;
+        if (!(product > -least)) return true;
         if (v_only()) at_h_u_of_virial(h, product);
         // v is above b, and p v is given.
         const double most =
-            k_.simple_ ? std::log(product / smallest_volume(k_.caloric_.low)) : most_log_p();
-        along_p(Property::h, h, most, scale_of(Property::h, h, k_.caloric_.low),
+            k_.simple_ ? std::log(std::max(product, least) / smallest_volume(k_.caloric_.low))
+                       : most_log_p();
+        along_p(Property::h, h, most, scale,
                 [&](const Found& at) { return at.p * at.v - product; });
         return true;
     }

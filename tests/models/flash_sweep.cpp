@@ -195,7 +195,7 @@ class Sweep {
             return;
         }
         if (found->other_answer()) ++counts_.others;
-        bool same = false;
+        bool same = false, alike = false;
         double nearest = HUGE_VAL;
         for (int i = 0; i < found->answers; ++i) {
             const auto answer = i == 0 ? found : flash_(a, b, static_cast<models::FlashChoice>(i));
@@ -208,6 +208,7 @@ class Sweep {
                 std::max(std::fabs(answer->T / z.T - 1), std::fabs(std::log(answer->v / z.v)));
             nearest = std::min(nearest, apart);
             same = same || apart < 1e-6;
+            alike = alike || is_alike(*answer, z);
         }
         if (same) return;
         if (z.x && y1 == Property::T && y2 == Property::p) {
@@ -215,11 +216,21 @@ class Sweep {
             if (found->answers != 2) fail(z, a, b, "not both phases");
             return;
         }
-        if (nearest <= 100 * spread(z, y1, y2))
+        if (alike || nearest <= 100 * spread(z, y1, y2))
             ++counts_.ill_conditioned;
         else
             fail(z, a, b,
                  "another state, " + text(nearest) + " apart, spread " + text(spread(z, y1, y2)));
+    }
+
+    /// T, h, s and u hardly differ: of a cold liquid they hardly tell p, nor whether there is a
+    /// trace of vapour.
+    static bool is_alike(const models::FlashState& a, const models::FlashState& b) {
+        if (!a.values || !b.values) return false;
+        bool alike = std::fabs(a.T / b.T - 1) < 1e-6;
+        for (const Property y : {Property::h, Property::s, Property::u})
+            alike = alike && difference(y, *value_of(a, y), *value_of(b, y), b.T) < 1e-8;
+        return alike;
     }
 
     void check_pair(const models::FlashState& z, const models::FlashState& asked,
@@ -256,30 +267,35 @@ class Sweep {
     }
 
     /// How far states may lie apart, of T and ln v, whose values differ by 1E-9: by differences of
-    /// the values over T and ln v.
+    /// the values over T and ln v, to each side, as a state may lie at the edge of two phases.
     double spread(const models::FlashState& z, Property y1, Property y2) const {
-        constexpr double kStep = 1e-5;
+        constexpr double kStep = 1e-6;
+        const auto scaled = [&](Property y, double value) {
+            const double zero = difference(y, 0, value_of(z, y).value_or(1), z.T);
+            return value / (std::fabs(value_of(z, y).value_or(1)) / std::max(1e-300, zero));
+        };
         const auto values = [&](double T, double lnv) -> std::optional<std::array<double, 2>> {
             const auto at = flash_({Property::T, T}, {Property::v, std::exp(lnv)});
             if (!at) return std::nullopt;
             const auto first = value_of(*at, y1), second = value_of(*at, y2);
             if (!first || !second) return std::nullopt;
-            const auto scale = [&](Property y) {
-                const double value = value_of(z, y).value_or(1);
-                return value / std::max(1e-300, difference(y, 0, value, z.T));
-            };
-            return std::array{*first / std::fabs(scale(y1)), *second / std::fabs(scale(y2))};
+            return std::array{scaled(y1, *first), scaled(y2, *second)};
         };
         const double lnv = std::log(z.v);
-        const auto T1 = values(z.T * (1 - kStep), lnv), T2 = values(z.T * (1 + kStep), lnv);
-        const auto v1 = values(z.T, lnv - kStep), v2 = values(z.T, lnv + kStep);
-        if (!T1 || !T2 || !v1 || !v2) return HUGE_VAL;
-        const double a = ((*T2)[0] - (*T1)[0]) / (2 * kStep),
-                     b = ((*v2)[0] - (*v1)[0]) / (2 * kStep);
-        const double c = ((*T2)[1] - (*T1)[1]) / (2 * kStep),
-                     d = ((*v2)[1] - (*v1)[1]) / (2 * kStep);
-        const double determinant = std::fabs(a * d - b * c);
-        return 1e-9 * (std::fabs(a) + std::fabs(b) + std::fabs(c) + std::fabs(d)) / determinant;
+        const auto here = values(z.T, lnv);
+        double most = 0;
+        for (const double dT : {-kStep, kStep})
+            for (const double dv : {-kStep, kStep}) {
+                const auto over_T = values(z.T * (1 + dT), lnv), over_v = values(z.T, lnv + dv);
+                if (!here || !over_T || !over_v) continue;
+                const double a = ((*over_T)[0] - (*here)[0]) / dT,
+                             b = ((*over_v)[0] - (*here)[0]) / dv;
+                const double c = ((*over_T)[1] - (*here)[1]) / dT,
+                             d = ((*over_v)[1] - (*here)[1]) / dv;
+                const double size = std::fabs(a) + std::fabs(b) + std::fabs(c) + std::fabs(d);
+                most = std::max(most, 1e-9 * size / std::fabs(a * d - b * c));
+            }
+        return most;
     }
 
     static std::string described(const models::FlashState& z, models::GivenValue a,

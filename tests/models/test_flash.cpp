@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <random>
 #include <set>
 
 #include "common/constants.h"
@@ -440,6 +441,62 @@ TEST(Flash, AFunctionForOneStateGivesTheSame) {
     const auto one = models::flash(medium.fluid, medium.reference, {h, -2000}, {Property::p, 900});
     ASSERT_TRUE(one);
     EXPECT_EQ(one->T, found(flash_of(medium), {h, -2000}, {Property::p, 900}).T);
+}
+
+TEST(Flash, AtTheCriticalPointBothPhasesAreOne) {
+    const Medium medium = propane();
+    const Flash flash = flash_of(medium);
+    const double vc = medium.fluid.eos().vcrit_calculated, pc = medium.fluid.substance().pcrit;
+    const FlashState by_x = found(flash, {Property::T, medium.Tcrit()}, {x, 0.3});
+    EXPECT_EQ(by_x.p, pc);
+    EXPECT_EQ(by_x.v, vc);
+    EXPECT_EQ(by_x.L->v, by_x.V->v);
+    const FlashState by_p = found(flash, {Property::T, medium.Tcrit()}, {Property::p, pc});
+    EXPECT_EQ(by_p.phase, FlashPhase::supercritical);
+    // p(v) is flat there: v follows from p to a third of the digits.
+    EXPECT_NEAR(by_p.v, vc, 1e-4 * vc);
+    expect_near(found(flash, {Property::T, medium.Tcrit()}, {Property::v, vc}).p, pc, 0, "p");
+}
+
+TEST(Flash, ValuesOfAnySizeGiveAStateWithThemOrAReason) {
+    std::mt19937 random(4711);
+    const auto draw = [&] { return std::generate_canonical<double, 53>(random); };
+    const auto wild = [&](Property y) {
+        if (y == x) return draw();
+        const double size = std::pow(10.0, -300 * std::pow(draw(), 4) + 300 * std::pow(draw(), 4));
+        const bool negative = (y == h || y == s || y == u) && draw() < 0.5;
+        return negative ? -size : size;
+    };
+    int states = 0, refusals = 0;
+    for (const Eos eos : {Eos::pengRobinson, Eos::vanDerWaals, Eos::jiTorvik2, Eos::virialSoave,
+                          Eos::pitzerCurl, Eos::idealGas}) {
+        const Flash flash = flash_of(Medium(fluids::fluid("Propane", eos)));
+        for (int i = 0; i < 400; ++i) {
+            const auto a = static_cast<Property>(7 * draw()), b = static_cast<Property>(7 * draw());
+            const models::GivenValue first{a, wild(a)}, second{b, wild(b)};
+            const auto r = flash(first, second);
+            if (!r) {
+                ++refusals;
+                continue;
+            }
+            ++states;
+            const double all[] = {r->T,
+                                  r->p,
+                                  r->v,
+                                  r->values ? r->values->h : NAN,
+                                  r->values ? r->values->s : NAN,
+                                  r->values ? r->values->u : NAN,
+                                  r->x.value_or(NAN)};
+            EXPECT_TRUE(r->T > 0 && r->p > 0 && r->v > 0);
+            EXPECT_TRUE(std::isfinite(r->T + r->p + r->v));
+            for (const models::GivenValue g : {first, second}) {
+                const double least = g.property == s ? R : g.property >= h ? R * r->T : 0;
+                expect_near(all[static_cast<int>(g.property)], g.value, least, "wild");
+            }
+        }
+    }
+    EXPECT_GT(states, 100);
+    EXPECT_GT(refusals, 100);
 }
 
 // A part of the sweep that tools/sweep-flash runs in full.
