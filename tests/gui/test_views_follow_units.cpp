@@ -1,8 +1,9 @@
+#include <QPlainTextEdit>
+#include <QTextBlock>
 #include <cmath>
 
 #include "calculation/hand_units.h"
 #include "common/numbers.h"
-#include "common/text.h"
 #include "gui/calc_view_test.h"
 #include "gui/calculation/isotherm_plot.h"
 #include "models/unit_text.h"
@@ -68,6 +69,14 @@ class ViewsFollowUnits : public CalcViewTest {
         return {number.value_or(std::nan("")), unit.toStdString()};
     }
 
+    /// Units plain, and no blanks: names of units on screen are shorter.
+    static std::string squeezed(QString text) {
+        for (const auto& [pretty, plain] :
+             {std::pair{"³", "^3"}, {"²", "^2"}, {"°", "deg"}, {"·", ""}})
+            text.replace(pretty, plain);
+        return text.remove(' ').toStdString();
+    }
+
     void expectShows(const QString& text, double value, const char* unit, double room) const {
         const Shown s = shown(text);
         EXPECT_NEAR(hand().si(s.value, s.unit), hand().si(value, unit), room * hand().size(unit))
@@ -107,19 +116,43 @@ TEST_F(ViewsFollowUnits, AResultAndItsDiagnosisShowTheSameStateInAllSetsAndComeB
             }
             EXPECT_EQ(read("statusZeile"), "");
             // The list on screen is that of a calculation in these units.
-            EXPECT_EQ(
-                read("Liste").remove("! ").toStdString(),
-                text::replace_all(report::list_text(report::make_result(
-                                                        session.fluid(), session->reference,
-                                                        session->results.current.made.units.choice,
-                                                        session->results.current.request)
-                                                        .report),
-                                  "! ", ""));
+            const report::TaskResult anew =
+                report::make_result(session.fluid(), session->reference, units.choice,
+                                    session->results.current.request);
+            EXPECT_EQ(squeezed(read("Liste").remove("! ")),
+                      squeezed(QString::fromStdString(report::list_text(anew.report))));
+            EXPECT_EQ(read("Liste").contains("m³") || read("Liste").contains("ft³"),
+                      set != "molar" && set != "specific" && set != "reduced");
         }
         use("molar");
         EXPECT_EQ(textsOf("frmCalcOut"), result);
         EXPECT_EQ(textsOf("frmCEOSDiagnose"), diagnosis);
     }
+}
+
+TEST_F(ViewsFollowUnits, WhatIsSelectedInTheListIsCopiedWithPlainUnitsInItsColumns) {
+    startProject("Carbon dioxide");
+    chooseTp();
+    calculate("270", "2900");
+    use("us");
+    auto* list = drive::get<QPlainTextEdit>("Liste");
+    const std::vector<report::ListLine>& lines = session->results.current.report.lines;
+    EXPECT_TRUE(list->document()->findBlockByNumber(0).text().contains("(lb/ft³)"));
+    EXPECT_EQ(list->document()->findBlockByNumber(0).text().size(),
+              static_cast<qsizetype>(lines[0].text.size()));
+    QTextCursor cursor(list->document());
+    cursor.movePosition(QTextCursor::Down, QTextCursor::KeepAnchor);
+    cursor.movePosition(QTextCursor::EndOfLine, QTextCursor::KeepAnchor);
+    list->setTextCursor(cursor);
+    click("cmdCopyText");
+    EXPECT_EQ(user.clipboard, lines[0].text + '\n' + lines[1].text);
+    cursor.movePosition(QTextCursor::Start);
+    cursor.movePosition(QTextCursor::NextWord, QTextCursor::MoveAnchor);
+    cursor.movePosition(QTextCursor::EndOfLine, QTextCursor::KeepAnchor);
+    list->setTextCursor(cursor);
+    click("cmdCopyText");
+    EXPECT_EQ(user.clipboard.find("³"), std::string::npos) << user.clipboard;
+    EXPECT_NE(user.clipboard.find("lb/ft^3"), std::string::npos) << user.clipboard;
 }
 
 TEST_F(ViewsFollowUnits, TheTicksOfTheIsothermAreRoundInTheUnitOfItsAxis) {

@@ -13,6 +13,7 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
+#include "models/unit_text.h"
 #include "report/list_layout.h"
 
 namespace quor::gui {
@@ -22,6 +23,14 @@ namespace {
 constexpr int kLinesShown = 18, kSpareCharacters = 6;
 constexpr int kLiquidColumn = 0, kSameColumn = 1, kVapourColumn = 2;  // of the captions
 constexpr auto kRedSign = "! ";
+constexpr std::size_t kPhaseCells = 4;  // quantity, unit and two values
+
+QString plainUnits(QString text) {
+    for (const auto& [pretty, plain] :
+         {std::pair{"³", "^3"}, {"²", "^2"}, {"·", " "}, {"°", "deg"}})
+        text.replace(pretty, plain);
+    return text;
+}
 
 }  // namespace
 
@@ -35,8 +44,9 @@ ResultList::ResultList(QWidget* parent) : QPlainTextEdit(parent) {
     setAccessibleName("Results");
 }
 
-void ResultList::showReport(const report::Report& result) {
+void ResultList::showReport(const report::Report& result, bool prettyUnits) {
     report_ = result;
+    prettyUnits_ = prettyUnits;
     clear();
     QTextCursor cursor(document());
     QTextCharFormat plain, red;
@@ -44,18 +54,50 @@ void ResultList::showReport(const report::Report& result) {
     for (const report::ListLine& line : report_.lines) {
         if (&line != &report_.lines.front()) cursor.insertBlock();
         if (line.red)
-            cursor.insertText(kRedSign + qt(line.text), red);
+            cursor.insertText(kRedSign + onScreen(line), red);
         else
-            cursor.insertText(qt(line.text), plain);
+            cursor.insertText(onScreen(line), plain);
     }
     moveCursor(QTextCursor::Start);
 }
 
-void ResultList::copyText() {
+// A unit that has become shorter leaves its place to blanks, so that the columns stay.
+QString ResultList::onScreen(const report::ListLine& line) const {
+    const QString whole = qt(line.text);
+    if (!prettyUnits_) return whole;
+    QString pretty = qt(models::pretty_unit(line.text));
+    const qsizetype shorter = whole.size() - pretty.size();
+    const qsizetype sign = std::max(pretty.lastIndexOf('='), pretty.lastIndexOf(" : ") + 1);
+    if (line.of_phases && sign > 0) return pretty.insert(sign, QString(shorter, ' '));
+    if (line.cells.size() <= kPhaseCells) return pretty;
+    // A row of columns that end at their right: the blanks stand in front of each cell.
+    QString columns;
+    const qsizetype width = whole.size() / static_cast<qsizetype>(line.cells.size());
+    for (const std::string& cell : line.cells)
+        columns += qt(models::pretty_unit(cell)).rightJustified(width);
+    return columns;
+}
+
+// As the report has it where whole lines are selected; a part of a line with its units made plain.
+QString ResultList::selectedText() const {
     const QTextCursor cursor = textCursor();
-    const bool part = cursor.hasSelection();
-    dialogs::set_clipboard(part ? cursor.selection().toPlainText().toStdString()
-                                : report::result_as_text(report_));
+    if (!prettyUnits_) return cursor.selection().toPlainText();
+    QStringList all;
+    for (QTextBlock block = document()->findBlock(cursor.selectionStart());
+         block.isValid() && block.position() <= cursor.selectionEnd(); block = block.next()) {
+        const int first = std::max(cursor.selectionStart() - block.position(), 0);
+        const auto length = static_cast<int>(block.text().size());
+        const int last = std::min(cursor.selectionEnd() - block.position(), length);
+        const report::ListLine& line = report_.lines[static_cast<std::size_t>(block.blockNumber())];
+        all << (first == 0 && last == length ? (line.red ? kRedSign : "") + qt(line.text)
+                                             : plainUnits(block.text().mid(first, last - first)));
+    }
+    return all.join('\n');
+}
+
+void ResultList::copyText() {
+    const bool part = textCursor().hasSelection();
+    dialogs::set_clipboard(part ? selectedText().toStdString() : report::result_as_text(report_));
     Q_EMIT copied(part ? "Selection copied as text" : "Result copied as text");
 }
 
@@ -119,7 +161,7 @@ void ResultList::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && !report_.lines.empty()) {
         const report::Report shown = report_;
-        showReport(shown);
+        showReport(shown, prettyUnits_);
     }
 }
 

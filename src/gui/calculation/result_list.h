@@ -19,7 +19,9 @@ class ResultList : public QPlainTextEdit {
   public:
     explicit ResultList(QWidget* parent = nullptr);
 
-    void showReport(const report::Report& result);
+    /// With `prettyUnits` the list shows its units with superscripts, "ft³/lb" and "°C"; what is
+    /// copied has them plain.
+    void showReport(const report::Report& result, bool prettyUnits = false);
 
     /// The selection, or all of the result, to the clipboard.
     void copyText();
@@ -42,7 +44,11 @@ class ResultList : public QPlainTextEdit {
     void changeEvent(QEvent* event) override;
 
   private:
+    QString onScreen(const report::ListLine& line) const;
+    QString selectedText() const;
+
     report::Report report_;
+    bool prettyUnits_ = false;
 };
 
 /// The captions of the two value columns above the list: `lblLphase`, `lblVphase`, and `lblGleich`

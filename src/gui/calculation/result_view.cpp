@@ -88,7 +88,7 @@ void ResultView::showTexts() {
     show(par2_, told.par2);
     show(co1_, told.co1);
     show(co2_, told.co2);
-    list_->showReport(told);
+    list_->showReport(told, report::has_own_units(units_));
     head_->showCaptions(told);
 }
 
