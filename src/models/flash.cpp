@@ -884,11 +884,10 @@ class Flash::Search {
     /// h and u rise with T along an isentrope, and with p. Where b depends on T an isotherm may
     /// have several states of one s, an isobar has not.
     bool on_isentrope(double s, Property y, double value) {
-        if (!k_.simple_ && !v_only()) {
+        // Over p a short line may lie between two samples, so that T is searched over as well.
+        if (!k_.simple_ && !v_only())
             along_p(Property::s, s, most_log_p(), scale_of(y, value, k_.caloric_.low),
                     [&](const Found& at) { return value_of(at, y) - value; });
-            return true;
-        }
         const auto excess = [&](double T) {
             const AtTs at = at_T_s(T, s);
             return at.found ? value_of(*at.found, y) - value : at.side;

@@ -223,12 +223,13 @@ class Sweep {
                  "another state, " + text(nearest) + " apart, spread " + text(spread(z, y1, y2)));
     }
 
-    /// T, h, s and u hardly differ: of a cold liquid they hardly tell p, nor whether there is a
-    /// trace of vapour.
+    /// Of a cold liquid T, s and u hardly tell p, nor whether there is a trace of vapour: its p is
+    /// small beside R T/v.
     static bool is_alike(const models::FlashState& a, const models::FlashState& b) {
         if (!a.values || !b.values) return false;
-        bool alike = std::fabs(a.T / b.T - 1) < 1e-6;
-        for (const Property y : {Property::h, Property::s, Property::u})
+        bool alike = std::fabs(a.T / b.T - 1) < 1e-4 &&
+                     std::fabs(a.p - b.p) < 0.01 * R * b.T / std::min(a.v, b.v);
+        for (const Property y : {Property::s, Property::u})
             alike = alike && difference(y, *value_of(a, y), *value_of(b, y), b.T) < 1e-8;
         return alike;
     }

@@ -198,6 +198,18 @@ TEST(Flash, IsIsentropicThroughTheDomeAsClapeyronSays) {
         }
 }
 
+TEST(Flash, AColdLiquidWhosePressureIsLostInHAndUIsFoundByThem) {
+    // p v of 1E-15 kJ/kmol beside h of -9E4: both are the same number.
+    const Medium medium = propane(Eos::berthelot);
+    const Flash flash = flash_of(medium);
+    const FlashState cold = found(flash, {Property::T, 101}, {x, 0});
+    ASSERT_EQ(cold.values->h, cold.values->u);
+    const FlashState z = found(flash, {h, cold.values->h}, {u, cold.values->u});
+    EXPECT_NEAR(z.T, 101, 1e-6);
+    expect_near(z.values->h, cold.values->h, R * 101, "h");
+    expect_near(z.values->u, cold.values->u, R * 101, "u");
+}
+
 // ------------------------------------------------------------------------------------ choices
 
 TEST(Flash, TellsAndGivesBothStatesOfTAndH) {
