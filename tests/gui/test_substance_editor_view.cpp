@@ -193,14 +193,14 @@ TEST_F(BankEdit, AValueMayBeTypedWithItsUnit) {
     open();
     type("DD_4", "96.67 degC");
     type("DD_5", "41,92 bar");
-    EXPECT_EQ(read("DD_5"), "41.92 bar");
+    EXPECT_EQ(read("DD_5"), "41.92bar");
     type("DD_2", "85 kg");
-    EXPECT_EQ(read("DD_2"), "85 k") << "K may still follow, a mass is no temperature";
+    EXPECT_EQ(read("DD_2"), "85") << "a mass is no temperature";
     type("DD_2", "85.5");
     click("OK");
     EXPECT_NEAR(session->substance.Tcrit, 369.82, 1e-9);
     EXPECT_NEAR(session->substance.pcrit, 4192, 1e-9);
-    EXPECT_EQ(read("DD_4"), " 369.82");
+    EXPECT_EQ(read("DD_4").trimmed(), "369.82");
 }
 
 TEST_F(BankEdit, FieldsSwallowWhatIsNoNumber) {
