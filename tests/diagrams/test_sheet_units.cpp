@@ -295,7 +295,7 @@ TEST_F(SheetUnits, ARangeOfValidityIsToldInTheUnit) {
         ASSERT_TRUE(diagrams::draw(sheet, pen())) << row.code;
         const std::string before = sheet.chart.footer.text;
         change("us");
-        EXPECT_TRUE(sheet.chart.footer.text.ends_with(" degF")) << sheet.chart.footer.text;
+        EXPECT_TRUE(sheet.chart.footer.text.ends_with("degF")) << sheet.chart.footer.text;
         change("molar");
         EXPECT_EQ(sheet.chart.footer.text, before);
         ++told;
