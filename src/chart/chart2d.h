@@ -23,7 +23,8 @@ inline bool is_shown(float value) {
 struct CurveLabel {
     std::string text;
     bool shown = true;
-    double shift = -1;  ///< 0..1 along the visible part; below 0 where it hides least
+    double shift = -1;     ///< 0..1 along the visible part; below 0 where it hides least
+    bool on_line = false;  ///< written on the line and turned with it, wherever there is room
     friend bool operator==(const CurveLabel&, const CurveLabel&) = default;
 };
 

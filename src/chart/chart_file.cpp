@@ -2,6 +2,7 @@
 
 #include <set>
 #include <tuple>
+#include <type_traits>
 
 #include "chart/chart_json.h"
 #include "common/whole_file.h"
@@ -15,6 +16,8 @@ void describe(Io& io, CurveLabel& l) {
     io.field("text", l.text);
     io.field("shown", l.shown);
     io.field("shift", l.shift, -1, 1);
+    // Written where it says something: charts without such labels stay as they were.
+    if (!std::is_same_v<Io, JsonWriter> || l.on_line) io.field("onLine", l.on_line);
 }
 
 template <class Io>

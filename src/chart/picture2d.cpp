@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "chart/line_labels.h"
 #include "chart/picture_work.h"
 
 namespace quor::chart {
@@ -36,6 +37,7 @@ class PictureMaker {
         add_symbols();
         add_axes();
         add_texts();
+        add_line_labels();
         add_labels();
         add_legend();
         add_remark();
@@ -229,6 +231,21 @@ class PictureMaker {
         add_title(chart_.y2, sheet().y2.title);
         add_caption(chart_.header, sheet().header);
         add_caption(chart_.footer, sheet().footer);
+    }
+
+    /// Each on a ground of the paper's colour: a line as wide as the text is high.
+    void add_line_labels() {
+        for (const LineLabel& label : sheet().line_labels) {
+            const Series& series = chart_.curves[static_cast<std::size_t>(label.curve)];
+            const auto middle = [&](std::size_t i, std::size_t k) {
+                return SheetPoint{(label.box[i].x + label.box[k].x) / 2,
+                                  (label.box[i].y + label.box[k].y) / 2};
+            };
+            line({middle(0, 3), middle(1, 2)}, {LinePattern::Solid, chart_.plot_area.background,
+                                                static_cast<float>(label.size.height)});
+            text(label.centre, series.label.text, line_label_font(), series.line.colour,
+                 label.rotation);
+        }
     }
 
     void add_labels() {

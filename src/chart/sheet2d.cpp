@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "chart/line_labels.h"
 #include "chart/placement.h"
 
 namespace quor::chart {
@@ -63,6 +64,7 @@ class LayoutMaker {
         place_texts();
         place_legend();
         place_labels();
+        sheet_.line_labels = place_line_labels(chart_, sheet_.plot, measure_);
         return std::move(sheet_);
     }
 

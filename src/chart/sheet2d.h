@@ -12,6 +12,12 @@
 
 namespace quor::chart {
 
+/// A place on a sheet in pixels, y down.
+struct SheetPoint {
+    double x = 0, y = 0;
+    friend bool operator==(const SheetPoint&, const SheetPoint&) = default;
+};
+
 /// A rectangle on the sheet, y down.
 struct SheetRect {
     double left = 0, top = 0, width = 0, height = 0;
@@ -44,6 +50,15 @@ struct SheetLabel {
     SheetText text;
 };
 
+/// The label of a curve that is written on its line: its turned rectangle has the paper's colour.
+struct LineLabel {
+    int curve = 0;  ///< index in `Chart2D::curves`
+    SheetPoint centre;
+    int rotation = 0;  ///< degrees counter-clockwise
+    TextSize size;
+    std::array<SheetPoint, 4> box{};  ///< corners of its ground
+};
+
 /// An axis on the sheet.
 struct SheetAxis {
     Ticks ticks;
@@ -62,6 +77,7 @@ struct Sheet2D {
     SheetRect legend;
     std::vector<LegendLine> legend_lines;
     std::vector<SheetLabel> labels;
+    std::vector<LineLabel> line_labels;
 
     static constexpr double kSampleWidth = 30;  ///< of the lines in the legend
     static constexpr double kTickLength = 5;    ///< of ticks with numbers, outwards
@@ -70,12 +86,6 @@ struct Sheet2D {
 };
 
 Sheet2D lay_out(const Chart2D& chart, double width, double height, const MeasureText& measure);
-
-/// A place on a sheet in pixels, y down.
-struct SheetPoint {
-    double x = 0, y = 0;
-    friend bool operator==(const SheetPoint&, const SheetPoint&) = default;
-};
 
 /// Pixels of data values on a sheet.
 class SheetScale {

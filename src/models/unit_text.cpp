@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "common/numbers.h"
 #include "common/text.h"
@@ -198,7 +199,9 @@ Result<double> typed_value(std::string_view text, Dimension dimension, const Sca
     const auto scale = scale_of(*unit, fluid);
     if (!scale)
         return Failure{"The substance has no value for the unit " + std::string(unit->name)};
-    return scale->name == field.name ? *number : field.shown(scale->value(*number));
+    const double value = scale->name == field.name ? *number : field.shown(scale->value(*number));
+    if (!std::isfinite(value)) return Failure{"This number is too large"};
+    return value;
 }
 
 std::string pretty_unit(std::string_view name) {

@@ -102,7 +102,7 @@ class ResultUnits : public CalcTest {
         const std::size_t mark = digits.find_first_of(".,");
         const double decimals =
             mark == std::string::npos ? 0 : static_cast<double>(digits.size() - mark - 1);
-        const double exponent = e == std::string::npos ? 0 : std::stod(number.substr(e + 1));
+        const double exponent = e == std::string::npos ? 0 : numbers::val(number.substr(e + 1));
         return std::pow(10.0, exponent - decimals);
     }
 
@@ -437,9 +437,9 @@ TEST_F(ResultUnits, AComparisonNamesTheChosenUnitsInItsHeads) {
     EXPECT_EQ(words(us[head + 4])[1], "32.018");
     const Cells in_kelvin = words(kelvin[head + 5]), in_us = words(us[head + 5]);
     EXPECT_EQ(in_us[1], "80.33");
-    EXPECT_NEAR(std::stod(in_us[2]) * 6.894757293168361, std::stod(in_kelvin[2]), 1e-3);
-    EXPECT_NEAR(std::stod(in_us[3]) * 0.45359237 / std::pow(0.3048, 3), std::stod(in_kelvin[3]),
-                1e-4);
+    EXPECT_NEAR(numbers::val(in_us[2]) * 6.894757293168361, numbers::val(in_kelvin[2]), 1e-3);
+    EXPECT_NEAR(numbers::val(in_us[3]) * 0.45359237 / std::pow(0.3048, 3),
+                numbers::val(in_kelvin[3]), 1e-4);
     // Deviations are of absolute values, whatever the unit.
     EXPECT_EQ(words(us.at(head + 5)).back(), words(kelvin.at(head + 5)).back());
     EXPECT_THAT(us, testing::Contains("T/degF = 80.33"));

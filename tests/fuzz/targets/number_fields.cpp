@@ -7,6 +7,7 @@
 #include "datafiles/substance_editor.h"
 #include "harness.h"
 #include "models/model_tables.h"
+#include "models/unit_text.h"
 
 using namespace quor;
 
@@ -42,6 +43,19 @@ void check_cells(std::string_view typed) {
         }
 }
 
+/// The same text in every field of a quantity, and as a choice of units.
+void check_units(std::string_view typed) {
+    for (std::size_t i = 0; i < models::kDimensions; ++i) {
+        const auto dimension = static_cast<models::Dimension>(i);
+        const auto value = models::typed_value(typed, dimension, {}, models::Fluid());
+        FUZZ_CHECK(!value || std::isfinite(*value));
+        models::find_unit(dimension, typed);
+        models::begins_unit(dimension, typed);
+    }
+    if (const auto choice = models::read_choice(typed))
+        FUZZ_CHECK(models::read_choice(models::text_of(*choice)).value() == *choice);
+}
+
 /// The same text in every field of the substance editor.
 void check_editor(const std::string& typed) {
     datafiles::EditorTexts texts;
@@ -73,6 +87,7 @@ bool read(std::string_view input) {
     FUZZ_CHECK(!std::isnan(numbers::val(typed)) && !std::isnan(numbers::val_input(typed)));
     FUZZ_CHECK(std::isfinite(datafiles::cell_number(typed)));
     check_cells(typed);
+    check_units(typed);
     check_editor(typed);
     models::SubstanceRecord record;
     for (const char* field : {"M", "Tcrit", "WAG.1", "WAG.TLo", "name", "hasCpL"})
