@@ -24,9 +24,9 @@ struct Arguments {
 
     // What to calculate
     std::optional<double> T, p, v, rho, V, m, Tcr, pcr, Tb, fraction, from, to;
-    std::optional<int> mode, page, kind, nx, ny, points, model;
+    std::optional<int> mode, page, nx, ny, points, model;
     std::string code, row, type, window, file, lst, start, fix, groups, liquid, png, svg, pdf,
-        given, choice;
+        given, choice, kind, families;
     bool global = false, partial = false, uhs = false, scurve = false, tieline = false, log = false,
          lg = false, propose = false, points_out = false;
 };

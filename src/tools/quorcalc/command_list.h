@@ -16,6 +16,8 @@ std::vector<Command> property_commands();
 std::vector<Command> calculation_commands();
 /// Curves of diagrams.
 std::vector<Command> curve_commands();
+/// State charts: domes and families of lines.
+std::vector<Command> chart_commands();
 /// Surfaces over p, v and T.
 std::vector<Command> surface_commands();
 /// Fits and group contributions.

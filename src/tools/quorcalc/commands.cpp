@@ -9,7 +9,7 @@ std::span<const Command> commands() {
         std::vector<Command> all;
         for (const auto& part :
              {state_commands(), flash_commands(), property_commands(), calculation_commands(),
-              curve_commands(), surface_commands(), estimation_commands()})
+              curve_commands(), chart_commands(), surface_commands(), estimation_commands()})
             all.insert(all.end(), part.begin(), part.end());
         all.push_back({"run", "each line of a file is one call; one JSON object a line", {"FILE"}});
         return all;

@@ -1,3 +1,5 @@
+#include <charconv>
+
 #include "diagrams/surface_sheet.h"
 #include "session/diagram_choice.h"
 #include "tools/quorcalc/command_list.h"
@@ -28,8 +30,12 @@ Json values_of(const chart::SurfaceGrid& grid) {
 }
 
 Json surface(Call& call, const Arguments& a) {
-    const diagrams::SurfaceKind* kind = diagrams::find_surface(*a.kind);
-    if (kind == nullptr) throw WrongCall{"--kind: no such surface: " + std::to_string(*a.kind)};
+    int code = 0;
+    const char* const last = a.kind.data() + a.kind.size();
+    const auto read = std::from_chars(a.kind.data(), last, code);
+    const diagrams::SurfaceKind* kind =
+        read.ec == std::errc() && read.ptr == last ? diagrams::find_surface(code) : nullptr;
+    if (kind == nullptr) throw WrongCall{"--kind: no such surface: " + a.kind};
     const int nx = nodes_of(a.nx, "--nx"), ny = nodes_of(a.ny, "--ny");
     set_up(call, a);
     const diagrams::SurfaceSheet sheet =

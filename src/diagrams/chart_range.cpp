@@ -1,0 +1,322 @@
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "common/constants.h"
+#include "diagrams/chart_states.h"
+
+namespace quor::diagrams {
+
+namespace {
+
+using constants::R;
+using models::FlashState;
+using models::Property;
+using enum ChartQuantity;
+
+constexpr double kLowestTr = 0.45;
+/// A triple point above it begins a chart, below it the chart leaves the coldest liquid out.
+constexpr double kTripleTr = 0.4;
+constexpr double kLowestTrOfGas = 0.6;  ///< where only the vapour is described
+constexpr double kHighestTr = 1.5, kHighestPr = 2.5;
+constexpr double kLowestPr = 1e-5, kLowestPrOfGas = 1e-3;
+constexpr double kMostTr = 6;  ///< of lines in windows that reach far
+
+/// The smallest of 1, 2, 5 by powers of ten that is no less.
+double round_step(double least) {
+    const double decade = std::pow(10.0, std::floor(std::log10(least)));
+    for (const double digit : {1.0, 2.0, 5.0})
+        if (digit * decade >= least * (1 - 1e-9)) return digit * decade;
+    return 10 * decade;
+}
+
+/// A multiple of a step without the rounding of their product, as far as decimal fractions go.
+double multiple(double count, double step) {
+    return (step < 1 ? count / std::round(1 / step) : count * step) + 0.0;  // no -0
+}
+
+struct Limits {
+    double low = 0, high = 0;
+};
+
+Limits rounded_outwards(const Limits& l) {
+    const double step = round_step((l.high - l.low) / 25);
+    return {multiple(std::floor(l.low / step + 1e-9), step),
+            multiple(std::ceil(l.high / step - 1e-9), step)};
+}
+
+/// The same on a logarithmic axis, to one of ten numbers a decade.
+Limits rounded_outwards_log(const Limits& l) {
+    constexpr double kDigits[] = {1, 1.5, 2, 2.5, 3, 4, 5, 6, 8, 10};
+    const auto decade = [](double x) { return std::pow(10.0, std::floor(std::log10(x))); };
+    Limits r = l;
+    const double low = decade(l.low), high = decade(l.high);
+    for (const double digit : kDigits)
+        if (digit * low <= l.low * (1 + 1e-9)) r.low = digit * low;
+    for (const double digit : kDigits)
+        if (digit * high >= l.high * (1 - 1e-9)) {
+            r.high = digit * high;
+            break;
+        }
+    return r;
+}
+
+/// Widens by a value; the first sets it.
+void include(std::optional<Limits>& limits, double value) {
+    if (!std::isfinite(value)) return;
+    if (!limits) limits = {value, value};
+    limits->low = std::min(limits->low, value);
+    limits->high = std::max(limits->high, value);
+}
+
+/// States over the range of T and p, the saturated ones among them.
+template <class Take>
+void over_range(const ChartStates& states, const ChartRange& r, Take take) {
+    constexpr int kOfT = 14, kOfP = 9;
+    for (int i = 0; i <= kOfT; ++i) {
+        const double T = r.T_low + (r.T_high - r.T_low) * i / kOfT;
+        for (int k = 0; k <= kOfP; ++k) {
+            const double p = r.p_low * std::pow(r.p_high / r.p_low, 1.0 * k / kOfP);
+            if (const auto z = states.flash()({Property::T, T}, {Property::p, p})) take(*z);
+        }
+        for (const double x : {0.0, 1.0})
+            if (const auto z = states.flash()({Property::T, T}, {Property::x, x})) take(*z);
+    }
+}
+
+std::optional<Limits> reach_of_dome(const ChartStates& states, const ChartRange& r,
+                                    ChartQuantity quantity) {
+    constexpr int kSteps = 24;
+    std::optional<Limits> limits;
+    const double Tc = states.fluid().substance().Tcrit;
+    for (int i = 0; i <= kSteps && r.has_dome; ++i)
+        for (const double x : {0.0, 1.0}) {
+            const double T = r.T_low + (Tc - r.T_low) * i / kSteps;
+            if (const auto z = states.flash()({Property::T, T}, {Property::x, x}))
+                include(limits, ChartStates::value_of(*z, quantity));
+        }
+    return limits;
+}
+
+/// What an axis shows, in base units.
+Result<Limits> limits_of(const ChartStates& states, const ChartRange& r, ChartQuantity quantity,
+                         bool logarithmic, bool is_x) {
+    const models::SubstanceRecord& s = states.fluid().substance();
+    const double v_unit = R * s.Tcrit / s.pcrit;
+    std::optional<Limits> all;
+    over_range(states, r,
+               [&](const FlashState& z) { include(all, ChartStates::value_of(z, quantity)); });
+    if (!all || !(all->high > all->low))
+        return Failure{"The fluid has no states in the range of the chart."};
+    switch (quantity) {
+        case T:
+            return Limits{r.T_low, r.T_high};
+        case p:
+            return Limits{logarithmic ? r.p_low : 0, r.p_high};
+        case Z:
+            return Limits{0, std::max(1.1, all->high)};
+        case v: {
+            if (!logarithmic) return Limits{0, 2.6 * v_unit};
+            const bool with_p = states.row().y.quantity == p;
+            const double far = 1.2 * R * r.T_high / r.p_low;
+            return Limits{0.9 * all->low, with_p ? far : std::min(far, 60 * v_unit)};
+        }
+        default:
+            break;
+    }
+    if (!is_x) return *all;
+    const auto dome = reach_of_dome(states, r, quantity);
+    if (!dome || !(dome->high > dome->low)) return *all;
+    // The dome fills a part of the width as on the charts of handbooks.
+    constexpr double kWidest = 0.58, kNarrowest = 0.3, kLeft = 0.06;
+    const double width = dome->high - dome->low, low = dome->low - kLeft * width;
+    return Limits{low, std::clamp(all->high, low + width / kWidest, low + width / kNarrowest)};
+}
+
+}  // namespace
+
+Result<ChartRange> chart_range(const ChartStates& states) {
+    const models::Flash& flash = states.flash();
+    const models::SubstanceRecord& s = states.fluid().substance();
+    const StateChartKind& row = states.row();
+    if (!(flash.range().high > 0))
+        return Failure{"There is no equation of state with usable constants."};
+    if (!(s.Tcrit > 0) || !(s.pcrit > 0))
+        return Failure{"The chart needs the critical temperature and pressure of the substance."};
+    const bool caloric = is_caloric(row.x.quantity) || is_caloric(row.y.quantity);
+    if (caloric && !(flash.caloric_range().high > 0))
+        return Failure{
+            "The chart needs the heat capacity of the ideal gas, which the substance has not."};
+    const models::FlashRange within = caloric ? flash.caloric_range() : flash.range();
+
+    ChartRange r;
+    const auto triple = static_cast<double>(s.Ttriple);
+    const bool has_triple = triple > within.low && triple < 0.95 * s.Tcrit;
+    r.T_end = has_triple ? triple : within.low;
+    r.T_most = std::min(within.high, kMostTr * s.Tcrit);
+    const auto saturated = [&](double T) { return flash({Property::T, T}, {Property::x, 1}); };
+    const auto critical = saturated(s.Tcrit);
+    r.T_low = std::max(kLowestTr * s.Tcrit, r.T_end);
+    if (has_triple && triple > kTripleTr * s.Tcrit) r.T_low = triple;
+    constexpr double kStep = 1.03;
+    while (critical && r.T_low < s.Tcrit && !saturated(r.T_low)) r.T_low *= kStep;
+    r.T_high = std::min(kHighestTr * s.Tcrit, r.T_most);
+    r.has_dome = critical && r.T_low < s.Tcrit;
+    r.p_high = kHighestPr * s.pcrit;
+    if (r.has_dome) {
+        r.p_low = std::max(saturated(r.T_low)->p, kLowestPr * s.pcrit);
+        if (has_triple && saturated(triple)) r.T_triple = triple;
+        if (row.kind == ChartKind::logpv) {
+            constexpr double kFoot = 0.005;
+            r.p_low = std::max(r.p_low, kFoot * s.pcrit);
+        }
+    } else {
+        r.T_low = std::max(r.T_low, kLowestTrOfGas * s.Tcrit);
+        r.p_low = kLowestPrOfGas * s.pcrit;
+        r.p_high = s.pcrit;
+    }
+    if (row.y.quantity == p && !row.y.logarithmic && row.x.quantity == v && r.has_dome)
+        r.p_high = 2 * s.pcrit;
+    if (!(r.T_low < r.T_high)) return Failure{"The fluid has no states in the range of the chart."};
+    return r;
+}
+
+Result<ChartWindow> proposed_window(const ChartStates& states, const ChartRange& range) {
+    const auto shown = [&](const ChartAxis& axis, bool is_x) -> Result<Limits> {
+        const auto limits = limits_of(states, range, axis.quantity, axis.logarithmic, is_x);
+        if (!limits) return limits;
+        const models::Scale scale = states.scale(axis.quantity);
+        Limits l{scale.shown(limits->low), scale.shown(limits->high)};
+        if (!axis.logarithmic) return rounded_outwards(l);
+        // Pressures over that of the atmosphere begin below zero.
+        constexpr double kLeast = 1e-3;
+        if (!(l.low > 0)) l.low = kLeast * l.high;
+        return rounded_outwards_log(l);
+    };
+    const auto x = shown(states.row().x, true), y = shown(states.row().y, false);
+    if (!x) return x.failure();
+    if (!y) return y.failure();
+    return ChartWindow{x->low, x->high, y->low, y->high};
+}
+
+namespace {
+
+bool is_of_flash(ChartQuantity quantity) {
+    return quantity != Z && quantity != e;
+}
+
+/// States all over a window.
+std::vector<FlashState> states_in(const ChartStates& states, const ChartRange& r,
+                                  const ChartWindow& w) {
+    std::vector<FlashState> found;
+    const ChartAxis &ax = states.row().x, &ay = states.row().y;
+    if (!is_of_flash(ax.quantity) || !is_of_flash(ay.quantity)) {
+        over_range(states, r, [&](const FlashState& z) {
+            const auto at = states.vertex(z);
+            if (at && at->x >= w.x_min && at->x <= w.x_max && at->y >= w.y_min && at->y <= w.y_max)
+                found.push_back(z);
+        });
+        return found;
+    }
+    constexpr int kColumns = 9, kRows = 7;
+    constexpr double kInset = 0.01;
+    const auto between = [](const ChartAxis& axis, double low, double high, int i, int count) {
+        const double share = kInset + (1 - 2 * kInset) * i / (count - 1);
+        return axis.logarithmic ? low * std::pow(high / low, share) : low + share * (high - low);
+    };
+    const auto given = [&](const ChartAxis& axis, double value) {
+        return models::GivenValue{ChartStates::property_of(axis.quantity),
+                                  states.scale(axis.quantity).value(value)};
+    };
+    for (int i = 0; i < kColumns; ++i)
+        for (int k = 0; k < kRows; ++k) {
+            const models::GivenValue x = given(ax, between(ax, w.x_min, w.x_max, i, kColumns)),
+                                     y = given(ay, between(ay, w.y_min, w.y_max, k, kRows));
+            // T and h of two phases are those of a dense liquid, too.
+            int answers = 1;
+            for (int n = 0; n < std::min(answers, 3); ++n) {
+                const auto z = states.flash()(x, y, static_cast<models::FlashChoice>(n));
+                if (!z) break;
+                answers = z->answers;
+                if (z->T >= r.T_end && z->T <= r.T_most) found.push_back(*z);
+            }
+        }
+    return found;
+}
+
+/// The numbers 1, 2, 5 of all decades, or part of them where they are many.
+std::vector<double> geometric_values(const Limits& l, int wanted) {
+    constexpr double kDigits[] = {1, 2, 5};
+    const double low = std::max(l.low, 1e-12 * l.high);
+    const int first = static_cast<int>(std::floor(std::log10(low))) * 3;
+    const int last = static_cast<int>(std::ceil(std::log10(l.high))) * 3;
+    std::vector<double> best;
+    for (const int stride : {1, 2, 3, 6, 9}) {
+        std::vector<double> values;
+        for (int n = first; n <= last; ++n) {
+            const int decade = static_cast<int>(std::floor(n / 3.0));
+            if (((n % stride) + stride) % stride != 0) continue;
+            const double digit = kDigits[n - 3 * decade];
+            const double power = std::pow(10.0, std::abs(decade));
+            const double value = decade < 0 ? digit / power : digit * power;
+            if (value >= low && value <= l.high) values.push_back(value);
+        }
+        const auto off = [&](const std::vector<double>& list) {
+            return std::abs(static_cast<int>(list.size()) - wanted);
+        };
+        if (stride == 1 || off(values) < off(best)) best = values;
+    }
+    return best;
+}
+
+std::vector<double> linear_values(const Limits& l, int wanted) {
+    std::vector<double> best;
+    const double largest = round_step(l.high - l.low);
+    double step = largest;
+    for (int i = 0; i < 12; ++i) {
+        const double first = std::ceil(l.low / step - 1e-9),
+                     last = std::floor(l.high / step + 1e-9);
+        if (last - first > 4.0 * wanted) break;
+        std::vector<double> values;
+        for (double n = first; n <= last; ++n) values.push_back(multiple(n, step));
+        const auto off = [&](const std::vector<double>& list) {
+            return std::abs(static_cast<int>(list.size()) - wanted);
+        };
+        if (i == 0 || off(values) < off(best)) best = values;
+        step = round_step(0.3 * step);
+    }
+    return best;
+}
+
+}  // namespace
+
+std::vector<double> round_values(const ChartStates& states, const ChartRange& range,
+                                 const ChartWindow& window, ChartQuantity quantity, int wanted) {
+    const std::vector<FlashState> found = states_in(states, range, window);
+    const double pc = states.fluid().substance().pcrit;
+    // Far corners of the window have states that nobody wants lines of.
+    std::optional<Limits> usual, all;
+    int count = 0;
+    for (const FlashState& z : found) {
+        const double value = states.shown(quantity, ChartStates::value_of(z, quantity));
+        include(all, value);
+        constexpr double kBelow = 0.5, kAbove = 3, kWarmer = 1.05;
+        if (z.p < kBelow * range.p_low || z.p > kAbove * pc || z.T > kWarmer * range.T_high)
+            continue;
+        include(usual, value);
+        ++count;
+    }
+    constexpr int kEnough = 6;
+    const std::optional<Limits>& limits = count >= kEnough ? usual : all;
+    if (!limits || !(limits->high > limits->low)) return {};
+    if (quantity == p || quantity == v) {
+        constexpr std::size_t kLeast = 4;
+        if (limits->high > 0) {
+            std::vector<double> values = geometric_values(*limits, wanted);
+            if (values.size() >= kLeast) return values;
+        }
+    }
+    return linear_values(*limits, wanted);
+}
+
+}  // namespace quor::diagrams
