@@ -84,23 +84,26 @@ void over_range(const ChartStates& states, const ChartRange& r, Take take) {
     }
 }
 
+/// What of the dome lies between two limits of y, in shown units, over x in base units.
 std::optional<Limits> reach_of_dome(const ChartStates& states, const ChartRange& r,
-                                    ChartQuantity quantity) {
-    constexpr int kSteps = 24;
+                                    const Limits& y) {
+    constexpr int kSteps = 60;
     std::optional<Limits> limits;
     const double Tc = states.fluid().substance().Tcrit;
     for (int i = 0; i <= kSteps && r.has_dome; ++i)
         for (const double x : {0.0, 1.0}) {
-            const double T = r.T_low + (Tc - r.T_low) * i / kSteps;
-            if (const auto z = states.flash()({Property::T, T}, {Property::x, x}))
-                include(limits, ChartStates::value_of(*z, quantity));
+            const double T = r.T_end + (Tc - r.T_end) * i / kSteps;
+            const auto z = states.flash()({Property::T, T}, {Property::x, x});
+            const auto at = z ? states.vertex(*z) : std::nullopt;
+            if (at && at->y >= y.low && at->y <= y.high)
+                include(limits, ChartStates::value_of(*z, states.row().x.quantity));
         }
     return limits;
 }
 
-/// What an axis shows, in base units.
+/// What an axis shows, in base units; x follows from y, which is in shown units.
 Result<Limits> limits_of(const ChartStates& states, const ChartRange& r, ChartQuantity quantity,
-                         bool logarithmic, bool is_x) {
+                         bool logarithmic, const std::optional<Limits>& y) {
     const models::SubstanceRecord& s = states.fluid().substance();
     const double v_unit = R * s.Tcrit / s.pcrit;
     std::optional<Limits> all;
@@ -124,11 +127,11 @@ Result<Limits> limits_of(const ChartStates& states, const ChartRange& r, ChartQu
         default:
             break;
     }
-    if (!is_x) return *all;
-    const auto dome = reach_of_dome(states, r, quantity);
+    if (!y) return *all;
+    const auto dome = reach_of_dome(states, r, *y);
     if (!dome || !(dome->high > dome->low)) return *all;
     // The dome fills a part of the width as on the charts of handbooks.
-    constexpr double kWidest = 0.58, kNarrowest = 0.3, kLeft = 0.06;
+    constexpr double kWidest = 0.57, kNarrowest = 0.3, kLeft = 0.06;
     const double width = dome->high - dome->low, low = dome->low - kLeft * width;
     return Limits{low, std::clamp(all->high, low + width / kWidest, low + width / kNarrowest)};
 }
@@ -182,8 +185,9 @@ Result<ChartRange> chart_range(const ChartStates& states) {
 }
 
 Result<ChartWindow> proposed_window(const ChartStates& states, const ChartRange& range) {
-    const auto shown = [&](const ChartAxis& axis, bool is_x) -> Result<Limits> {
-        const auto limits = limits_of(states, range, axis.quantity, axis.logarithmic, is_x);
+    const auto shown = [&](const ChartAxis& axis,
+                           const std::optional<Limits>& other) -> Result<Limits> {
+        const auto limits = limits_of(states, range, axis.quantity, axis.logarithmic, other);
         if (!limits) return limits;
         const models::Scale scale = states.scale(axis.quantity);
         Limits l{scale.shown(limits->low), scale.shown(limits->high)};
@@ -193,9 +197,10 @@ Result<ChartWindow> proposed_window(const ChartStates& states, const ChartRange&
         if (!(l.low > 0)) l.low = kLeast * l.high;
         return rounded_outwards_log(l);
     };
-    const auto x = shown(states.row().x, true), y = shown(states.row().y, false);
-    if (!x) return x.failure();
+    const auto y = shown(states.row().y, std::nullopt);
     if (!y) return y.failure();
+    const auto x = shown(states.row().x, *y);
+    if (!x) return x.failure();
     return ChartWindow{x->low, x->high, y->low, y->high};
 }
 
@@ -210,14 +215,13 @@ std::vector<FlashState> states_in(const ChartStates& states, const ChartRange& r
                                   const ChartWindow& w) {
     std::vector<FlashState> found;
     const ChartAxis &ax = states.row().x, &ay = states.row().y;
-    if (!is_of_flash(ax.quantity) || !is_of_flash(ay.quantity)) {
-        over_range(states, r, [&](const FlashState& z) {
-            const auto at = states.vertex(z);
-            if (at && at->x >= w.x_min && at->x <= w.x_max && at->y >= w.y_min && at->y <= w.y_max)
-                found.push_back(z);
-        });
-        return found;
-    }
+    const bool by_axes = is_of_flash(ax.quantity) && is_of_flash(ay.quantity);
+    over_range(states, r, [&](const FlashState& z) {
+        const auto at = states.vertex(z);
+        if (at && at->x >= w.x_min && at->x <= w.x_max && at->y >= w.y_min && at->y <= w.y_max)
+            found.push_back(z);
+    });
+    if (!by_axes) return found;
     constexpr int kColumns = 9, kRows = 7;
     constexpr double kInset = 0.01;
     const auto between = [](const ChartAxis& axis, double low, double high, int i, int count) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "diagrams/chart_states.h"
@@ -99,6 +100,7 @@ class ChartTracer {
             nodes_.push_back(next);
             last = next;
         }
+        smooth(at);
         for (std::size_t i = 1; i < nodes_.size(); ++i) keep(at, nodes_[i - 1], nodes_[i]);
     }
     /// The next piece does not join the last one.
@@ -107,7 +109,7 @@ class ChartTracer {
   private:
     static constexpr int kDeepest = 16;
     /// Of the middle of a chord, in px; as the middle becomes a vertex, a fourth of it stays.
-    static constexpr double kMost = 0.6, kStraight = 0.01;
+    static constexpr double kMost = 0.4, kStraight = 0.01, kTurned = 0.1, kLong = 4;
 
     struct Node {
         double t = 0;
@@ -165,14 +167,54 @@ class ChartTracer {
         }
         if (beyond(a, m, b)) return;
         const double off = distance(a, m, b);
-        if (off <= kStraight) return;
-        if (off <= kMost) {
-            nodes_.push_back(m);
+        // The middle of an S may lie on its chord: the halves of a part are looked at, too.
+        if (depth < kDeepest && off <= kMost) {
+            if (off > kStraight) nodes_.push_back(m);
             return;
         }
         divide(at, a, m, depth - 1);
         nodes_.push_back(m);
         divide(at, m, b, depth - 1);
+    }
+
+    /// The angle by which the way from a over m to b turns.
+    static double turn(const Node& a, const Node& m, const Node& b) {
+        const double ux = m.X - a.X, uy = m.Y - a.Y, wx = b.X - m.X, wy = b.Y - m.Y;
+        return std::fabs(std::atan2(ux * wy - uy * wx, ux * wx + uy * wy));
+    }
+
+    /// Where the way turns more than beside a chord that is near its line, the chord is divided
+    /// after all.
+    template <class At>
+    void smooth(At&& at) {
+        const std::vector<Node> first = std::exchange(nodes_, {});
+        const auto turn_at = [&](std::size_t i) {
+            if (i == 0 || i + 1 >= first.size()) return 0.0;
+            const Node &a = first[i - 1], &m = first[i], &b = first[i + 1];
+            return a.there && m.there && b.there ? turn(a, m, b) : 0.0;
+        };
+        double last = 0;
+        for (std::size_t i = 0; i < first.size(); ++i) {
+            const double now = turn_at(i);
+            if (i > 0 && first[i - 1].there && first[i].there) {
+                const Node &a = first[i - 1], &b = first[i];
+                const double length = std::hypot(b.X - a.X, b.Y - a.Y);
+                // An arc of that length and turn is so far from its chord. At the ends of a piece
+                // one of the turns is not known.
+                const bool at_end = (i == 1 || i + 1 == first.size()) && length > kLong;
+                const bool turned = length * std::max(last, now) / 8 > kTurned;
+                if ((turned || at_end) && !beyond(a, a, b)) {
+                    const Node m = node(at, 0.5 * (a.t + b.t));
+                    if (m.there) {
+                        divide(at, a, m, kDeepest - 1);
+                        if (distance(a, m, b) > kStraight) nodes_.push_back(m);
+                        divide(at, m, b, kDeepest - 1);
+                    }
+                }
+            }
+            nodes_.push_back(first[i]);
+            last = now;
+        }
     }
 
     void put(const Node& n) {

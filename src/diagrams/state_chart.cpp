@@ -86,7 +86,7 @@ class ChartBuilder {
 void ChartBuilder::find_reach() {
     const StateChartKind& row = states_.row();
     // A little beyond an axis, so that lines are known to cross it.
-    constexpr double kBeyond = 1.02, kFarLow = 1e-4, kFarHigh = 200, kNearZero = 1e-7;
+    constexpr double kBeyond = 1.02, kFarLow = 1e-4, kFarHigh = 1e4, kNearZero = 1e-7;
     T_to_ = range_.T_most;
     p_from_ = kFarLow * range_.p_low;
     p_to_ = kFarHigh * pc_;
@@ -187,7 +187,7 @@ void ChartBuilder::follow_isobar(double p_at, ChartLine& line) {
 }
 
 void ChartBuilder::follow_isochore(double v_at, ChartLine& line) {
-    constexpr int kParts = 12;
+    constexpr int kParts = 16;
     const GivenValue given{Property::v, v_at};
     const auto at_T = [&](double T) { return flash_(given, {Property::T, T}); };
     double from = range_.T_end;
@@ -204,7 +204,7 @@ void ChartBuilder::follow_isochore(double v_at, ChartLine& line) {
 
 /// Along isentropes and isenthalps p runs: a step of T in the liquid would leave the window.
 void ChartBuilder::follow_rising(Property y, double value, ChartLine& line) {
-    constexpr int kParts = 12;
+    constexpr int kParts = 16;
     const GivenValue given{y, value};
     const auto at_p = [&](double q) { return flash_(given, {Property::p, std::exp(q)}); };
     std::vector<Crossing> found = crossings(y == Property::h ? h : s, value);
@@ -360,8 +360,10 @@ void ChartBuilder::add_dome(StateChart& chart) {
     constexpr int kFractions = 9;
     for (int i = 1; i <= kFractions; ++i) {
         const double x = i / 10.0;
+        std::optional<ChartVertex> end = top;
+        if (end) end->fraction = x;
         tracer_.begin();
-        tracer_.piece(along(x), 1, 0, kParts, {}, top);
+        tracer_.piece(along(x), 1, 0, kParts, {}, end);
         chart.fractions.push_back({x, tracer_.take()});
     }
     std::erase_if(chart.fractions, [](const FractionLine& line) { return line.parts.empty(); });
