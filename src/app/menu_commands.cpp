@@ -69,6 +69,7 @@ bool prepare_fitting(session::Session& session) {
 bool prepare(session::Session& session, const Row& row) {
     if (row.action == "Diagram2D") return prepare_diagram(session, row);
     if (row.action == "Diagram3D") return prepare_surface(session, row);
+    if (row.action == "StateChart") session.change()->state_chart = row.code;
     if (row.control == "mnuData_BatchInput") return prepare_new_data(session);
     if (row.control == "mnuData_SaveProject") return prepare_project_save(session);
     if (row.control == "mnuFitting") return prepare_fitting(session);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "diagrams/diagram.h"
+#include "diagrams/state_chart.h"
 #include "diagrams/surface.h"
 
 namespace quor::menu {
@@ -65,6 +66,26 @@ Row row_of(const SurfaceKind& kind) {
             .code = kind.code};
 }
 
+constexpr std::string_view kStateCharts = "mnuStateChart";
+
+/// The state charts stand first: one click draws a whole chart.
+void add_state_charts(std::vector<Row>& all) {
+    all.push_back({.parent = "mnu2D",
+                   .control = "mnuStateCharts",
+                   .caption = "State charts",
+                   .kind = Kind::Submenu,
+                   .submenu = kStateCharts,
+                   .hint = "Whole charts of the fluid with dome and labelled lines"});
+    for (const diagrams::StateChartKind& kind : diagrams::state_chart_kinds())
+        all.push_back({.parent = kStateCharts,
+                       .control = kStateCharts,
+                       .index = static_cast<int>(kind.kind),
+                       .caption = kind.title,
+                       .action = "StateChart",
+                       .code = static_cast<std::int16_t>(kind.kind)});
+    all.push_back({.parent = "mnu2D", .kind = Kind::Separator});
+}
+
 /// The rows of a menu by their indices; a gap between two of them is a separator.
 void add_rows(std::vector<Row>& all, std::vector<Row> rows) {
     std::sort(rows.begin(), rows.end(),
@@ -86,6 +107,7 @@ void add_menu(std::vector<Row>& all, std::string_view menu) {
 
 std::vector<Row> all_rows() {
     std::vector<Row> all;
+    add_state_charts(all);
     int index = 0;
     for (const Group& group : kGroups) {
         all.push_back(submenu("mnu2D", "mnuGraf", index++, group));

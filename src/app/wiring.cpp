@@ -3,6 +3,7 @@
 #include "gui/calculation/calculation_views.h"
 #include "gui/data/editor_views.h"
 #include "gui/diagrams/diagram_window.h"
+#include "gui/diagrams/state_chart_window.h"
 #include "gui/estimation/estimation_views.h"
 #include "gui/models/reference_state_dialog.h"
 #include "gui/session/options_dialog.h"
@@ -67,6 +68,7 @@ void connectViews(Desk& desk, Commands& commands) {
     addEditors(desk, commands);
     addEstimation(desk, commands);
     commands.add("Diagram2D", [&desk] { gui::diagram_views::openFromMenu(desk); });
+    commands.add("StateChart", [&desk] { gui::StateChartWindow::openFromMenu(desk); });
     commands.add("Diagram3D", [&desk] { gui::surface_views::openFromMenu(desk); });
     commands.add("frmReferenz", [&desk] { desk.doors.chooseReference(); });
     commands.add("mnuOptions", [&desk] { show<gui::OptionsDialog>(desk); });

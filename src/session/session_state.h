@@ -82,6 +82,7 @@ struct SessionState {
     diagrams::ProcessLine process_line;  ///< with the points of the last polytropic process
     bool new_substance_diagram = true;   ///< no diagram of the substance was opened yet
     std::int16_t surface_kind = 0;       ///< chosen last in the menu
+    std::int16_t state_chart = 0;        ///< kind of state chart chosen last
     bool surface_scurve = false;         ///< it shows the S-shaped curves of a cubic equation
 
     // Files and folders

@@ -97,7 +97,7 @@ auto fields(const session::SessionState& state) {
                  units_changed, calculation, batch_mode, tank, results, protocol, csv_separator,
                  decimal_comma, measured, measured_unsaved, xy, xy_unsaved, xy_graph, fit_source,
                  fit_column, diagram, diagram_at, coordinates, curve_options, process_line,
-                 new_substance_diagram, surface_kind, surface_scurve, folder_measured,
+                 new_substance_diagram, surface_kind, state_chart, surface_scurve, folder_measured,
                  folder_diagrams, folder_surfaces, folder_xy, folder_projects, last_session_file,
                  last_session_written, project_file, project_comment, english, tips_hidden,
                  tips_requested, diagram_note, project_note, synonym_note, isoline_note, commands] =
@@ -108,11 +108,11 @@ auto fields(const session::SessionState& state) {
                     units_changed, calculation, batch_mode, tank, results, protocol, csv_separator,
                     decimal_comma, measured, measured_unsaved, xy, xy_unsaved, xy_graph, fit_source,
                     fit_column, diagram, diagram_at, coordinates, curve_options, process_line,
-                    new_substance_diagram, surface_kind, surface_scurve, folder_measured,
-                    folder_diagrams, folder_surfaces, folder_xy, folder_projects, last_session_file,
-                    last_session_written, project_file, project_comment, english, tips_hidden,
-                    tips_requested, diagram_note, project_note, synonym_note, isoline_note,
-                    commands);
+                    new_substance_diagram, surface_kind, state_chart, surface_scurve,
+                    folder_measured, folder_diagrams, folder_surfaces, folder_xy, folder_projects,
+                    last_session_file, last_session_written, project_file, project_comment, english,
+                    tips_hidden, tips_requested, diagram_note, project_note, synonym_note,
+                    isoline_note, commands);
 }
 
 template <class Fields, std::size_t... place>

@@ -2,7 +2,7 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
-#include "diagrams/state_chart.h"
+#include "diagrams/state_chart_picture.h"
 #include "models/reference_state.h"
 #include "session/diagram_choice.h"
 #include "tools/quorcalc/command_list.h"
@@ -97,6 +97,12 @@ Json chart(Call& call, const Arguments& a) {
     if (!made) throw CannotBeDone{made.reason()};
 
     const diagrams::StateChart& c = *made;
+    if (wants_picture(a)) {
+        diagrams::DiagramSheet sheet;
+        sheet.chart = diagrams::chart_of(c, basis);
+        sheet.request.texts.title = sheet.chart.header.text;
+        write_pictures(call.pictures, a, sheet);
+    }
     const models::Scale of_T = basis.units.of(models::Dimension::temperature);
     const auto with_T = [&](const diagrams::ChartVertex& at) {
         return Json{number(at.x), number(at.y), number(of_T.shown(at.T))};
@@ -154,7 +160,7 @@ std::string chart_text(const Json& result) {
 std::vector<Command> chart_commands() {
     return {{"chart",
              "dome and families of lines of a state chart",
-             {"kind!", "families", "window"},
+             {"kind!", "families", "window", "png", "svg", "pdf", "points-out"},
              chart,
              chart_text,
              true}};
