@@ -22,17 +22,28 @@ constexpr double kHighestTr = 1.5, kHighestPr = 2.5;
 constexpr double kLowestPr = 1e-5, kLowestPrOfGas = 1e-3;
 constexpr double kMostTr = 6;  ///< of lines in windows that reach far
 
-/// The smallest of 1, 2, 5 by powers of ten that is no less.
-double round_step(double least) {
-    const double decade = std::pow(10.0, std::floor(std::log10(least)));
-    for (const double digit : {1.0, 2.0, 5.0})
-        if (digit * decade >= least * (1 - 1e-9)) return digit * decade;
-    return 10 * decade;
+/// A number times a power of ten, as its decimal fraction is read.
+double scaled(double number, int decade) {
+    const double power = std::pow(10.0, std::abs(decade));
+    return decade < 0 ? number / power : number * power;
+}
+int decade_of(double value) {
+    return static_cast<int>(std::floor(std::log10(value)));
 }
 
-/// A multiple of a step without the rounding of their product, as far as decimal fractions go.
-double multiple(double count, double step) {
-    return (step < 1 ? count / std::round(1 / step) : count * step) + 0.0;  // no -0
+/// The smallest of 1, 2, 5 by powers of ten that is no less.
+struct Step {
+    int digit = 1, decade = 0;
+    double size() const { return scaled(digit, decade); }
+    /// No -0.
+    double times(double count) const { return scaled(count * digit, decade) + 0.0; }
+};
+
+Step round_step(double least) {
+    const int decade = decade_of(least);
+    for (const int digit : {1, 2, 5})
+        if (scaled(digit, decade) >= least * (1 - 1e-9)) return {digit, decade};
+    return {1, decade + 1};
 }
 
 struct Limits {
@@ -40,22 +51,21 @@ struct Limits {
 };
 
 Limits rounded_outwards(const Limits& l) {
-    const double step = round_step((l.high - l.low) / 25);
-    return {multiple(std::floor(l.low / step + 1e-9), step),
-            multiple(std::ceil(l.high / step - 1e-9), step)};
+    const Step step = round_step((l.high - l.low) / 25);
+    return {step.times(std::floor(l.low / step.size() + 1e-9)),
+            step.times(std::ceil(l.high / step.size() - 1e-9))};
 }
 
 /// The same on a logarithmic axis, to one of ten numbers a decade.
 Limits rounded_outwards_log(const Limits& l) {
     constexpr double kDigits[] = {1, 1.5, 2, 2.5, 3, 4, 5, 6, 8, 10};
-    const auto decade = [](double x) { return std::pow(10.0, std::floor(std::log10(x))); };
     Limits r = l;
-    const double low = decade(l.low), high = decade(l.high);
+    const int low = decade_of(l.low), high = decade_of(l.high);
     for (const double digit : kDigits)
-        if (digit * low <= l.low * (1 + 1e-9)) r.low = digit * low;
+        if (scaled(digit, low) <= l.low * (1 + 1e-9)) r.low = scaled(digit, low);
     for (const double digit : kDigits)
-        if (digit * high >= l.high * (1 - 1e-9)) {
-            r.high = digit * high;
+        if (scaled(digit, high) >= l.high * (1 - 1e-9)) {
+            r.high = scaled(digit, high);
             break;
         }
     return r;
@@ -260,9 +270,7 @@ std::vector<double> geometric_values(const Limits& l, int wanted) {
         for (int n = first; n <= last; ++n) {
             const int decade = static_cast<int>(std::floor(n / 3.0));
             if (((n % stride) + stride) % stride != 0) continue;
-            const double digit = kDigits[n - 3 * decade];
-            const double power = std::pow(10.0, std::abs(decade));
-            const double value = decade < 0 ? digit / power : digit * power;
+            const double value = scaled(kDigits[n - 3 * decade], decade);
             if (value >= low && value <= l.high) values.push_back(value);
         }
         const auto off = [&](const std::vector<double>& list) {
@@ -275,19 +283,18 @@ std::vector<double> geometric_values(const Limits& l, int wanted) {
 
 std::vector<double> linear_values(const Limits& l, int wanted) {
     std::vector<double> best;
-    const double largest = round_step(l.high - l.low);
-    double step = largest;
+    Step step = round_step(l.high - l.low);
     for (int i = 0; i < 12; ++i) {
-        const double first = std::ceil(l.low / step - 1e-9),
-                     last = std::floor(l.high / step + 1e-9);
+        const double first = std::ceil(l.low / step.size() - 1e-9),
+                     last = std::floor(l.high / step.size() + 1e-9);
         if (last - first > 4.0 * wanted) break;
         std::vector<double> values;
-        for (double n = first; n <= last; ++n) values.push_back(multiple(n, step));
+        for (double n = first; n <= last; ++n) values.push_back(step.times(n));
         const auto off = [&](const std::vector<double>& list) {
             return std::abs(static_cast<int>(list.size()) - wanted);
         };
         if (i == 0 || off(values) < off(best)) best = values;
-        step = round_step(0.3 * step);
+        step = round_step(0.3 * step.size());
     }
     return best;
 }

@@ -48,7 +48,7 @@ class ChartFrame {
         return at;
     }
 
-    static constexpr double kEdge = 1e-7;  ///< px
+    static constexpr double kEdge = 1e-8;  ///< px
 
   private:
     static double along(bool logarithmic, double value) {

@@ -251,7 +251,7 @@ std::string ChartBuilder::reason_of_end(const ChartLine& line, ChartQuantity qua
             const auto margins = frame_.margins(at);
             if (std::ranges::min(margins) < kInside) continue;
             return std::string(caloric ? "no cp" : "no states of the equation") + " above " +
-                   numbers::format(range_.T_most, "###0.#") + " K.";
+                   numbers::general(std::round(10 * range_.T_most) / 10) + " K.";
         }
     return {};
 }
@@ -307,7 +307,7 @@ void ChartBuilder::add_family(StateChart& chart, const FamilyRequest& request) {
     }
     for (const auto& [why, values] : ends_) {
         std::string text = name + " = ";
-        for (const double value : values)
+        for (const double& value : values)
             text += (&value == &values.front() ? "" : "; ") + numbers::general(value);
         if (!family.unit.empty()) text += " " + family.unit;
         chart.skipped.push_back(text + ": " + why);

@@ -142,11 +142,14 @@ class Sweep {
     struct Phases {
         double p = 0, vL = 0, vV = 0;
     };
-    std::optional<Phases> phases(double T) const {
-        if (!(T < s().Tcrit)) return std::nullopt;
-        const auto found = models::saturation_pressure(fluid_, T);
-        if (!found) return std::nullopt;
-        return Phases{found->p, found->v[0], found->v[2]};
+    const std::optional<Phases>& phases(double T) {
+        if (T == T_of_phases_) return phases_;
+        T_of_phases_ = T;
+        phases_.reset();
+        if (!(T < s().Tcrit)) return phases_;
+        if (const auto found = models::saturation_pressure(fluid_, T))
+            phases_ = Phases{found->p, found->v[0], found->v[2]};
+        return phases_;
     }
     /// Close to the critical point rounding moves volumes further apart.
     double tolerance(double T) const {
@@ -155,7 +158,7 @@ class Sweep {
 
     void check_saturated(const ChartVertex& at, const std::string& where) {
         if (at.T == s().Tcrit) return;
-        const auto sat = phases(at.T);
+        const auto& sat = phases(at.T);
         if (!sat) return fail("no saturation at a place on the dome", where);
         const double allowed = tolerance(at.T);
         const double off_p = std::fabs(at.p / sat->p - 1);
@@ -175,23 +178,24 @@ class Sweep {
         if (y == Q::e) return z->exergies ? std::optional(z->exergies->H) : std::nullopt;
         return y == Q::h ? z->h : z->s;
     }
-    std::optional<double> value(ChartQuantity y, const ChartVertex& at) const {
+    std::optional<double> value(ChartQuantity y, const ChartVertex& at) {
         if (!at.fraction || at.T == s().Tcrit) return single(y, at.T, at.p, at.v);
-        const auto sat = phases(at.T);
+        const auto& sat = phases(at.T);
         if (!sat) return std::nullopt;
         const auto L = single(y, at.T, sat->p, sat->vL), V = single(y, at.T, sat->p, sat->vV);
         if (!L || !V) return std::nullopt;
         return *L + *at.fraction * (*V - *L);
     }
-    static double size(ChartQuantity y, double value, double T) {
-        const double least = y == Q::h || y == Q::e ? R * T : y == Q::s ? R : 0;
+    /// What a difference is measured by. An exergy is h less s times T of the surroundings.
+    double size(ChartQuantity y, double value, double T) const {
+        const double T_of_e = std::max(T, reference_.Tenv);
+        const double least = y == Q::h ? R * T : y == Q::e ? R * T_of_e : y == Q::s ? R : 0;
         return std::max(std::fabs(value), least);
     }
 
     void check(const ChartVertex& at, ChartQuantity quantity, double constant,
                const std::string& where) {
         check_place(at, where);
-        const double asked = scale(quantity).value(constant);
         for (const auto& [y, shown] :
              {std::pair{quantity, constant}, std::pair{row_->x.quantity, at.x},
               std::pair{row_->y.quantity, at.y}}) {
@@ -210,8 +214,8 @@ class Sweep {
                 fail("a vertex with another " + std::string(diagrams::name_of(y)),
                      where + " T=" + text(at.T) + " p=" + text(at.p) + " " + text(off));
         }
-        if (asked == 0 || at.fraction || !(at.T < s().Tcrit)) return;
-        const auto sat = phases(at.T);
+        if (at.fraction || !(at.T < s().Tcrit)) return;
+        const auto& sat = phases(at.T);
         const double near = 1e-6;
         if (sat && at.v > sat->vL * (1 + near) && at.v < sat->vV * (1 - near))
             fail("a single phase inside the dome", where + " T=" + text(at.T) + " v=" + text(at.v));
@@ -309,6 +313,8 @@ class Sweep {
     const diagrams::StateChartKind* row_ = nullptr;
     const diagrams::StateChart* chart_ = nullptr;
     long turn_ = 0;
+    double T_of_phases_ = 0;
+    std::optional<Phases> phases_;  ///< of the last temperature
 };
 
 }  // namespace
