@@ -9,6 +9,7 @@
 #include "common/text.h"
 #include "diagrams/sheet_places.h"
 #include "models/model_tables.h"
+#include "models/named_reference.h"
 
 namespace quor::diagrams {
 
@@ -55,6 +56,26 @@ std::string reference_note(const Diagram& diagram, const models::ReferenceState&
     return reference_text(!exergy || over_enthalpy, exergy, reference, units);
 }
 
+namespace {
+
+/// A reference state of the real fluid: its name with what it fixes, or the values of an own one.
+std::string named_state(const models::ReferenceState& r, const models::Units& units) {
+    using models::Dimension;
+    if (r.named != models::NamedState::own) {
+        const models::NamedReference& row = *models::named_reference(r.named);
+        return std::string(row.name) + ", " + std::string(row.text);
+    }
+    const auto value = [&](double x, Dimension dimension) {
+        const models::Scale& scale = units.of(dimension);
+        return numbers::general(static_cast<float>(scale.shown(x))) + " " + std::string(scale.name);
+    };
+    return "h = " + value(r.own.h, Dimension::energy) +
+           ", s = " + value(r.own.s, Dimension::entropy) + " of the " +
+           (r.own.vapour ? "vapour" : "liquid") + " at " + state_text(r.own.T, r.own.p, units);
+}
+
+}  // namespace
+
 std::string reference_text(bool zero_point, bool surroundings, const models::ReferenceState& r,
                            const models::Units& units) {
     const std::string around =
@@ -68,6 +89,7 @@ std::string reference_text(bool zero_point, bool surroundings, const models::Ref
                    pressure_set ? static_cast<double>(r.p0) : constants::kNormalPressure, units);
     if (r.mode == kConventional) note = "conventional reference state";
     if (r.mode == kFormation) note = "reference state: quantities of formation";
+    if (r.named != models::NamedState::none) note = "reference state: " + named_state(r, units);
     return surroundings ? note + "; " + around : note;
 }
 

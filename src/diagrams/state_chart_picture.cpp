@@ -61,9 +61,10 @@ Series series_of(const ChartParts& parts, const chart::LineStyle& style) {
     return series;
 }
 
-/// A value with a minus sign that is no dash of its line.
+/// A value with a dash for its minus sign, which every picture format has and which is no dash of
+/// its line.
 std::string label_of(double value) {
-    return text::replace_all(numbers::general(value, kLabelDigits), "-", "\u2212");
+    return text::replace_all(numbers::general(value, kLabelDigits), "-", "\u2013");
 }
 
 void add_labelled(Chart2D& c, const ChartParts& parts, const chart::LineStyle& style,

@@ -8,6 +8,7 @@
 #include "diagrams/sheet_support.h"
 #include "diagrams/sheet_undo.h"
 #include "diagrams/sheet_window.h"
+#include "models/named_reference.h"
 
 using namespace quor;
 
@@ -404,6 +405,18 @@ TEST_F(DiagramSheet, TextsThatTheUserHasChangedStay) {
     EXPECT_EQ(curve(0).legend, "my legend");
     EXPECT_EQ(sheet.chart.footer.text, "my footer");
     EXPECT_EQ(label_of(1).text, "Water 300.0 K ");
+}
+
+TEST_F(DiagramSheet, ANamedReferenceStateIsNamed) {
+    reference.named = models::NamedState::iir;
+    EXPECT_EQ(diagrams::reference_text(true, false, reference),
+              "reference state: IIR, " +
+                  std::string(models::named_reference(models::NamedState::iir)->text));
+    reference.named = models::NamedState::own;
+    reference.own = {300, 200, false, -77.5, 3};
+    EXPECT_EQ(diagrams::reference_text(true, false, reference),
+              "reference state: h = -77.5 kJ/kmol, s = 3 kJ/(kmol K) of the liquid at 300 K, "
+              "200 kPa");
 }
 
 TEST_F(DiagramSheet, CurvesOfTwoReferenceStatesTellBoth) {

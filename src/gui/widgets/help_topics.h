@@ -47,6 +47,7 @@ inline constexpr int kXYEditor = 4100;
 inline constexpr int kFitting = 4200;
 inline constexpr int kGroupContributions = 4300;
 inline constexpr int kDiagrams = 5000;
+inline constexpr int kStateCharts = 5005;
 inline constexpr int kCurveInput = 5010;
 inline constexpr int kMarks = 5020;
 inline constexpr int kProcessLines = 5030;
