@@ -5,6 +5,7 @@
 #include <cmath>
 #include <map>
 
+#include "common/constants.h"
 #include "common/numbers.h"
 #include "diagrams/chart_states.h"
 #include "diagrams/chart_tracer.h"
@@ -97,6 +98,12 @@ void ChartBuilder::find_reach() {
             p_to_ = kBeyond * scale.value(high);
             p_from_ = std::max(scale.value(low) / kBeyond, kNearZero * pc_);
         }
+        // Of a thin gas s rises by R where p falls to the e-th part of it, and the exergy falls.
+        const double T_of_e = states_.reference().Tenv;
+        const double unit = constants::R * (axis.quantity == e ? T_of_e : 1);
+        constexpr double kMost = 500;
+        if (axis.quantity == s || axis.quantity == e)
+            p_from_ *= std::exp(-std::min(kMost, (scale.value(high) - scale.value(low)) / unit));
     };
     along(row.x, window_.x_min, window_.x_max);
     along(row.y, window_.y_min, window_.y_max);
