@@ -237,10 +237,10 @@ class ChartTracer {
         }
         const bool a_in = a.inside(), b_in = b.inside();
         if (a_in && b_in) {
-            if (!open_) put(a);
+            put(a);
             put(b);
         } else if (a_in) {
-            if (!open_) put(a);
+            put(a);
             put(edge(at, a, b));
             cut();
         } else if (b_in) {
