@@ -4,6 +4,7 @@
 
 #include "common/constants.h"
 #include "diagrams/chart_states.h"
+#include "models/cubic_eos.h"
 
 namespace quor::diagrams {
 
@@ -71,6 +72,16 @@ Limits rounded_outwards_log(const Limits& l) {
     return r;
 }
 
+/// The number of the fewest digits that is not above a value and not below another, or the value.
+double rounded_down(double value, double least) {
+    for (int digits = 0; digits < 3; ++digits) {
+        const int decade = decade_of(value) - digits;
+        const double rounded = scaled(std::floor(value / scaled(1, decade) + 1e-9), decade);
+        if (rounded >= least) return rounded;
+    }
+    return value;
+}
+
 /// Widens by a value; the first sets it.
 void include(std::optional<Limits>& limits, double value) {
     if (!std::isfinite(value)) return;
@@ -132,7 +143,7 @@ Result<Limits> limits_of(const ChartStates& states, const ChartRange& r, ChartQu
             if (!logarithmic) return Limits{0, 2.6 * v_unit};
             const bool with_p = states.row().y.quantity == p;
             const double far = 1.2 * R * r.T_high / r.p_low;
-            return Limits{0.9 * all->low, with_p ? far : std::min(far, 60 * v_unit)};
+            return Limits{all->low, with_p ? far : std::min(far, 60 * v_unit)};
         }
         default:
             break;
@@ -165,7 +176,9 @@ Result<ChartRange> chart_range(const ChartStates& states) {
     ChartRange r;
     const auto triple = static_cast<double>(s.Ttriple);
     const bool has_triple = triple > within.low && triple < 0.95 * s.Tcrit;
-    r.T_end = has_triple ? triple : within.low;
+    // A little inside, so that the ends of lines are found between states.
+    constexpr double kInside = 2e-5;
+    r.T_end = has_triple ? triple : within.low * (1 + kInside);
     r.T_most = std::min(within.high, kMostTr * s.Tcrit);
     const auto saturated = [&](double T) { return flash({Property::T, T}, {Property::x, 1}); };
     const auto critical = saturated(s.Tcrit);
@@ -205,7 +218,14 @@ Result<ChartWindow> proposed_window(const ChartStates& states, const ChartRange&
         // Pressures over that of the atmosphere begin below zero.
         constexpr double kLeast = 1e-3;
         if (!(l.low > 0)) l.low = kLeast * l.high;
-        return rounded_outwards_log(l);
+        const Limits rounded = rounded_outwards_log(l);
+        if (axis.quantity != v) return rounded;
+        // Below the covolume there are no states: lines of dense liquids would not leave the
+        // window.
+        const models::Fluid& fluid = states.fluid();
+        const double covolume =
+            fluid.models().vapour_only ? 0 : models::eos_at(fluid, range.T_low).b;
+        return Limits{rounded_down(l.low, scale.shown(1.02 * covolume)), rounded.high};
     };
     const auto y = shown(states.row().y, std::nullopt);
     if (!y) return y.failure();

@@ -13,11 +13,13 @@ class ChartStates {
     ChartStates(const models::Fluid& fluid, const models::ReferenceState& reference,
                 const models::Units& units, const StateChartKind& row)
         : flash_(fluid, reference, models::surroundings_state(fluid, reference)),
+          reference_(reference),
           units_(units),
           row_(row) {}
 
     const models::Flash& flash() const { return flash_; }
     const models::Fluid& fluid() const { return flash_.fluid(); }
+    const models::ReferenceState& reference() const { return reference_; }
     const StateChartKind& row() const { return row_; }
 
     /// The scale of a quantity in its shown unit; that of Z is 1.
@@ -36,6 +38,7 @@ class ChartStates {
 
   private:
     models::Flash flash_;
+    models::ReferenceState reference_;
     models::Units units_;
     const StateChartKind& row_;
 };

@@ -107,7 +107,7 @@ class ChartTracer {
     void cut() { open_ = false; }
 
   private:
-    static constexpr int kDeepest = 16;
+    static constexpr int kDeepest = 16, kDeepestGap = -14;
     /// Of the middle of a chord, in px; as the middle becomes a vertex, a fourth of it stays.
     static constexpr double kMost = 0.4, kStraight = 0.01, kTurned = 0.1, kLong = 4;
 
@@ -156,7 +156,7 @@ class ChartTracer {
     void divide(At&& at, const Node& a, const Node& b, int depth) {
         if (!a.there && !b.there) return;
         const double t = 0.5 * (a.t + b.t);
-        if (depth == 0 || t == a.t || t == b.t) return;
+        if (depth <= (a.there && b.there ? 0 : kDeepestGap) || t == a.t || t == b.t) return;
         const Node m = node(at, t);
         if (!a.there || !b.there || !m.there) {
             // The end of what can be computed is come near by halving.
@@ -237,10 +237,10 @@ class ChartTracer {
         }
         const bool a_in = a.inside(), b_in = b.inside();
         if (a_in && b_in) {
-            if (!open_) put(a);
+            put(a);
             put(b);
         } else if (a_in) {
-            if (!open_) put(a);
+            put(a);
             put(edge(at, a, b));
             cut();
         } else if (b_in) {
@@ -278,11 +278,13 @@ class ChartTracer {
         constexpr int kRounds = 80;
         double weight_in = 1, weight_out = 1;
         for (int i = 0; i < kRounds; ++i) {
-            const double f_in = std::max(0.0, std::ranges::min(in.margins));
-            const double f_out = std::ranges::min(out.margins);
+            // The limit that is passed by most decides; another one may take its place.
+            const auto side = static_cast<std::size_t>(std::ranges::min_element(out.margins) -
+                                                       out.margins.begin());
+            const double f_in = std::max(0.0, in.margins[side]), f_out = out.margins[side];
             if (f_in <= ChartFrame::kEdge) break;
             double share = weight_in * f_in / (weight_in * f_in - weight_out * f_out);
-            // The smallest margin has kinks, and far away it says little: halving keeps the pace.
+            // Far away a margin says little: halving keeps the pace.
             if (i % 4 == 3) share = 0.5;
             const double t = in.t + share * (out.t - in.t);
             if (t == in.t || t == out.t) break;

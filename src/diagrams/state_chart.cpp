@@ -5,6 +5,7 @@
 #include <cmath>
 #include <map>
 
+#include "common/constants.h"
 #include "common/numbers.h"
 #include "diagrams/chart_states.h"
 #include "diagrams/chart_tracer.h"
@@ -59,6 +60,21 @@ class ChartBuilder {
     std::optional<Crossing> saturated(GivenValue at, double x) const;
     std::vector<Crossing> crossings(ChartQuantity quantity, double value) const;
 
+    /// A piece over T, parted at the critical temperature, where some equations have a kink.
+    template <class At>
+    void over_T(At at, double from, double to, int parts,
+                const std::optional<ChartVertex>& start = {},
+                const std::optional<ChartVertex>& end = {}) {
+        if (!(from < Tc_ && Tc_ < to)) {
+            tracer_.piece(at, from, to, parts, start, end);
+            return;
+        }
+        const double share = (Tc_ - from) / (to - from);
+        const int below = std::clamp(static_cast<int>(share * parts), 1, parts - 1);
+        tracer_.piece(at, from, Tc_, below, start);
+        tracer_.piece(at, std::nextafter(Tc_, to), to, parts - below, {}, end);
+    }
+
     void follow(ChartQuantity quantity, double value, ChartLine& line);
     void follow_isotherm(double T, ChartLine& line);
     void follow_isobar(double p, ChartLine& line);
@@ -97,6 +113,12 @@ void ChartBuilder::find_reach() {
             p_to_ = kBeyond * scale.value(high);
             p_from_ = std::max(scale.value(low) / kBeyond, kNearZero * pc_);
         }
+        // Of a thin gas s rises by R where p falls to the e-th part of it, and the exergy falls.
+        const double T_of_e = states_.reference().Tenv;
+        const double unit = constants::R * (axis.quantity == e ? T_of_e : 1);
+        constexpr double kMost = 500;
+        if (axis.quantity == s || axis.quantity == e)
+            p_from_ *= std::exp(-std::min(kMost, (scale.value(high) - scale.value(low)) / unit));
     };
     along(row.x, window_.x_min, window_.x_max);
     along(row.y, window_.y_min, window_.y_max);
@@ -176,12 +198,12 @@ void ChartBuilder::follow_isobar(double p_at, ChartLine& line) {
     const auto L = p_at < pc_ ? saturated(given, 0) : std::nullopt;
     const auto V = p_at < pc_ ? saturated(given, 1) : std::nullopt;
     if (!L || !V) {
-        tracer_.piece(at_T, range_.T_end, T_to_, 2 * kParts);
+        over_T(at_T, range_.T_end, T_to_, 2 * kParts);
         return;
     }
-    if (L->T > range_.T_end) tracer_.piece(at_T, range_.T_end, L->T, kParts, {}, L->at);
+    if (L->T > range_.T_end) over_T(at_T, range_.T_end, L->T, kParts, {}, L->at);
     through_dome(given, *L, *V);
-    if (L->T < T_to_) tracer_.piece(at_T, L->T, T_to_, kParts, V->at);
+    if (L->T < T_to_) over_T(at_T, L->T, T_to_, kParts, V->at);
     cross(*L, line);
     cross(*V, line);
 }
@@ -194,12 +216,12 @@ void ChartBuilder::follow_isochore(double v_at, ChartLine& line) {
     std::optional<ChartVertex> start;
     for (const Crossing& c : crossings(v, v_at)) {
         if (!(c.T < T_to_)) break;
-        tracer_.piece(at_T, from, c.T, kParts, start, c.at);
+        over_T(at_T, from, c.T, kParts, start, c.at);
         cross(c, line);
         from = c.T;
         start = c.at;
     }
-    tracer_.piece(at_T, from, T_to_, kParts, start);
+    over_T(at_T, from, T_to_, kParts, start);
 }
 
 /// Along isentropes and isenthalps p runs: a step of T in the liquid would leave the window.

@@ -107,6 +107,9 @@ class Sweep {
                 for (std::size_t i = 1; i < part.size(); ++i)
                     probe(part[i - 1], part[i], family.quantity, line.value, where);
             }
+            if (!is_told(family.quantity))
+                for (const auto& part : line.parts)
+                    for (const ChartVertex& at : {part.front(), part.back()}) check_end(at, where);
             for (const ChartVertex& at : line.on_dome) {
                 ++counts_.crossings;
                 check_saturated(at, where);
@@ -118,6 +121,41 @@ class Sweep {
                     fail("a crossing that is no vertex", where + " T=" + text(at.T));
             }
         }
+    }
+
+    static bool is_caloric(ChartQuantity y) { return y == Q::h || y == Q::s || y == Q::e; }
+
+    /// A line ends at the edge of the window, or at the lowest temperature of the fluid.
+    void check_end(const ChartVertex& at, const std::string& where) {
+        constexpr double kNear = 1e-3;  // px
+        const auto& w = chart_->window;
+        const double off_x = std::min(std::fabs(X(at.x)), std::fabs(X(at.x) - X(w.x_max)));
+        const double off_y = std::min(std::fabs(Y(at.y)), std::fabs(Y(at.y) - Y(w.y_max)));
+        const auto triple = static_cast<double>(s().Ttriple);
+        const double lowest = std::max({triple, flash_->range().low,
+                                        is_caloric(row_->x.quantity) || is_caloric(row_->y.quantity)
+                                            ? flash_->caloric_range().low
+                                            : 0});
+        if (std::min(off_x, off_y) > kNear && std::fabs(at.T / lowest - 1) > 1e-4)
+            fail("a line that ends inside the window",
+                 where + " T=" + text(at.T) + " p=" + text(at.p));
+    }
+    /// Whether something of a family is told to be missing.
+    bool is_told(ChartQuantity quantity) const {
+        const std::string head = std::string(diagrams::name_of(quantity)) + " = ";
+        return std::ranges::any_of(
+            chart_->skipped, [&](const std::string& words) { return words.starts_with(head); });
+    }
+
+    static double px(bool logarithmic, double value, double low, double high, double size) {
+        if (!logarithmic) return (value - low) / (high - low) * size;
+        return std::log(value / low) / std::log(high / low) * size;
+    }
+    double X(double x) const {
+        return px(row_->x.logarithmic, x, chart_->window.x_min, chart_->window.x_max, 1000);
+    }
+    double Y(double y) const {
+        return px(row_->y.logarithmic, y, chart_->window.y_min, chart_->window.y_max, 700);
     }
 
     bool at_edge(const ChartVertex& at) const {
@@ -266,18 +304,8 @@ class Sweep {
         const auto m = between(a, b, quantity, constant, share);
         if (!m || !std::isfinite(m->x) || !std::isfinite(m->y)) return;
         ++counts_.probes;
-        const auto& w = chart_->window;
-        const auto px = [](bool logarithmic, double value, double low, double high, double size) {
-            if (!logarithmic) return (value - low) / (high - low) * size;
-            return std::log(value / low) / std::log(high / low) * size;
-        };
-        const auto X = [&](const ChartVertex& at) {
-            return px(row_->x.logarithmic, at.x, w.x_min, w.x_max, 1000);
-        };
-        const auto Y = [&](const ChartVertex& at) {
-            return px(row_->y.logarithmic, at.y, w.y_min, w.y_max, 700);
-        };
-        const double ux = X(b) - X(a), uy = Y(b) - Y(a), wx = X(*m) - X(a), wy = Y(*m) - Y(a);
+        const double ux = X(b.x) - X(a.x), uy = Y(b.y) - Y(a.y);
+        const double wx = X(m->x) - X(a.x), wy = Y(m->y) - Y(a.y);
         const double square = ux * ux + uy * uy;
         const double along = square > 0 ? std::clamp((wx * ux + wy * uy) / square, 0.0, 1.0) : 0;
         const double off = std::hypot(wx - along * ux, wy - along * uy);

@@ -90,6 +90,14 @@ TEST(StateChart, OfADozenSubstancesAgreesWithTheFunctionsOfStatesAtEveryVertex) 
     EXPECT_GT(counts.probes, 10000);
 }
 
+// The attraction of this equation has another form above the critical temperature: h and s jump.
+TEST(StateChart, KeepsToItsLinesWhereTheEquationHasAJumpAtTheCriticalTemperature) {
+    chart_sweep::Counts counts;
+    chart_sweep::sweep(fluids::fluid("Propane", Eos::jiTorvik1), "Propane", {}, counts);
+    EXPECT_EQ(counts.failed, 0) << chart_sweep::told(counts);
+    EXPECT_EQ(counts.charts, 10);
+}
+
 TEST(StateChart, HasValuesOf125StepsInTheShownUnit) {
     const models::Fluid water = fluids::fluid("Water", Eos::pengRobinson);
     for (const char* set : {"molar", "metric", "us"}) {
