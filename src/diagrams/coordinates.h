@@ -5,9 +5,9 @@
 /// Default limits of the quantities and the window of each kind of diagram.
 namespace quor::diagrams {
 
-/// The defaults in units of the computation. `previous` are those before: its `p_max`, `T_max` and `T_min`
-/// stay where they are not 0, unless the units are `renewed`; without critical data all of it
-/// stays.
+/// The defaults in units of the computation. `previous` are those before: its `p_max`, `T_max` and
+/// `T_min` stay where they are not 0, unless the units are `renewed`; without critical data all of
+/// it stays.
 CoordinateDefaults coordinate_defaults(const Basis& basis, const CoordinateDefaults& previous = {},
                                        bool renewed = false);
 

@@ -55,7 +55,8 @@ struct CurveRequest {
     double vapour_fraction = 1;
     CurveOptions options{};
     ProcessLine line{};  ///< of process lines; its range is that of two functions over each other
-    /// Limits of p in units of the computation between which the saturation of two functions is drawn.
+    /// Limits of p in units of the computation between which the saturation of two functions is
+    /// drawn.
     float p_min = 0.001F, p_max = 0;
 
     const Diagram& home() const { return on != nullptr ? *on : home_of(*curve); }

@@ -7,7 +7,8 @@
 
 namespace quor::diagrams {
 
-/// A state on the axes of a diagram, in units of the computation; z holds T/K, p/kPa or v in m^3/kmol.
+/// A state on the axes of a diagram, in units of the computation; z holds T/K, p/kPa or v in
+/// m^3/kmol.
 struct Projection {
     double x = 0, y = 0, z = 0;
     Parameter parameter = Parameter::none;  ///< what z is

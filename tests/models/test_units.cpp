@@ -139,8 +139,7 @@ TEST(Units, OfTheReadySetsAreNamed) {
               "K; kPa; m^3/kmol; kg/m^3; kJ/kmol; kJ/(kmol K); m/s; m^3; kg; kmol; ");
     EXPECT_EQ(names("SI specific"),
               "K; kPa; m^3/kg; kg/m^3; kJ/kg; kJ/(kg K); m/s; m^3; kg; kmol; ");
-    EXPECT_EQ(names("metric"),
-              "degC; bar; m^3/kg; kg/m^3; kJ/kg; kJ/(kg K); m/s; m^3; kg; kmol; ");
+    EXPECT_EQ(names("metric"), "degC; bar; m^3/kg; kg/m^3; kJ/kg; kJ/(kg K); m/s; m^3; kg; kmol; ");
     EXPECT_EQ(names("chemistry"), "K; MPa; cm^3/mol; mol/l; J/mol; J/(mol K); m/s; l; g; mol; ");
     EXPECT_EQ(names("us"),
               "degF; psi; ft^3/lb; lb/ft^3; BTU/lb; BTU/(lb degR); ft/s; ft^3; lb; lbmol; ");
