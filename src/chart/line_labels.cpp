@@ -9,7 +9,7 @@ namespace quor::chart {
 namespace {
 
 constexpr double kDegree = 3.14159265358979323846 / 180;
-constexpr double kMargin = 4;        // pixels round a text that belong to its ground
+constexpr double kMargin = 6;        // pixels round a text that belong to its ground
 constexpr double kSag = 0.3;         // of the text's height that its line may bend away under it
 constexpr int kPlaces = 40;          // along a line
 constexpr double kPreferred = 0.72;  // of the length of a line, where nothing is in the way

@@ -16,7 +16,7 @@ using chart::Chart2D;
 using chart::LinePattern;
 using chart::Series;
 
-constexpr int kLabelDigits = 4, kReadoutDigits = 5;
+constexpr int kLabelDigits = 6, kReadoutDigits = 5, kFractionDigits = 3;
 constexpr float kDomeWidth = 2, kLineWidth = 1, kFractionWidth = 0.7F, kTripleWidth = 1.2F;
 
 /// One style for a quantity in every chart.
@@ -180,10 +180,11 @@ std::optional<models::FlashState> state_at(const models::Flash& flash, ChartKind
 
 std::string state_text(const models::FlashState& state, const models::Units& units) {
     using models::Dimension;
-    std::string all;
+    std::string all(models::name_of(state.phase));
+    if (state.x) all += ", x = " + numbers::general(*state.x, kFractionDigits);
     const auto add = [&](const char* symbol, double value, Dimension dimension) {
         const models::Scale& scale = units.of(dimension);
-        all.append(all.empty() ? "" : "   ").append(symbol).append(" = ");
+        all.append("   ").append(symbol).append(" = ");
         all += numbers::general(scale.shown(value), kReadoutDigits) + " " +
                text::with_unit_signs(std::string(scale.name));
     };
@@ -195,8 +196,6 @@ std::string state_text(const models::FlashState& state, const models::Units& uni
         add("s", state.values->s, Dimension::entropy);
         add("u", state.values->u, Dimension::energy);
     }
-    all += "   " + std::string(models::name_of(state.phase));
-    if (state.x) all += ", x = " + numbers::general(*state.x, kLabelDigits);
     return all;
 }
 

@@ -21,7 +21,7 @@ chart::Chart2D chart_of(const StateChart& values, const Basis& basis);
 std::optional<models::FlashState> state_at(const models::Flash& flash, ChartKind kind, double x,
                                            double y, const models::Units& units);
 
-/// "T = 300 K  p = 997.4 kPa  v = ...  two phases, x = 0.25", in the units of users.
+/// "two phases, x = 0.25   T = 300 K   p = 997.4 kPa   v = ...", in the units of users.
 std::string state_text(const models::FlashState& state, const models::Units& units);
 
 }  // namespace quor::diagrams

@@ -22,7 +22,7 @@ namespace {
 
 using diagrams::ChartQuantity;
 
-constexpr QSize kFirstSize(900, 680);
+constexpr QSize kFirstSize(960, 700);
 constexpr auto kHint =
     "Point at a state to read it     Drag: zoom     Wheel: zoom about the pointer";
 constexpr std::array kPossible = {ChartQuantity::T, ChartQuantity::p, ChartQuantity::v,
