@@ -37,7 +37,7 @@ struct SheetCurve {
 /// Numbers of one axis as they stood before a change of units, and as it has left them: a change
 /// back finds the very same numbers again.
 struct UnitOrigin {
-    enum class Of : std::uint8_t { x, y, x_ticks, y_ticks } of = Of::x;
+    enum class Of : std::uint8_t { x, y, xTicks, yTicks } of = Of::x;
     models::UnitChoice units;  ///< of the numbers before
     AxisScale before, after;   ///< of both units, for the fluid of the numbers
     std::vector<double> numbers, shown;

@@ -34,7 +34,7 @@ struct Change {
     const std::vector<UnitOrigin>& before;
     std::vector<UnitOrigin>& after;
 
-    Axis axis(Of of) const { return of == Of::x || of == Of::x_ticks ? row.x : row.y; }
+    Axis axis(Of of) const { return of == Of::x || of == Of::xTicks ? row.x : row.y; }
     std::optional<AxisScale> scale(Of of, const UnitChoice& units, const Fluid& of_fluid) const {
         return axis_scale(&row, axis(of), units, of_fluid);
     }
@@ -116,7 +116,7 @@ void change_axis(const Change& c, bool is_x, chart::Axis& axis) {
     axis.max = limits[1];
     if (!axis.automatic_origin) axis.origin = change_values(c, of, {axis.origin})[0];
     const std::vector<double> ticks =
-        changed(c, is_x ? Of::x_ticks : Of::y_ticks, c.fluid,
+        changed(c, is_x ? Of::xTicks : Of::yTicks, c.fluid,
                 {axis.tick_spacing, axis.grid_spacing, static_cast<double>(axis.decimals)},
                 [](std::vector<double>& all, const AxisScale& s) {
                     all[0] = converted_spacing(all[0], s.factor);

@@ -155,13 +155,13 @@ void IsothermPlot::paintAxes(QPainter& painter) const {
                          metrics.height());
         painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tickText(p));
     }
-    const models::Scale& v_axis = diagnosis_.v_axis;
-    const double first = v_axis.shown(vFirst()), last = v_axis.shown(vLast());
+    const models::Scale& vAxis = diagnosis_.v_axis;
+    const double first = vAxis.shown(vFirst()), last = vAxis.shown(vLast());
     const std::vector<double> volumes =
         isLogarithmic() ? logarithmicTicks(first, last) : linearTicks(first, last, kVolumeTicks);
     double free = in.left();
     for (const double v : volumes) {
-        const double x = place(v_axis.value(v), diagnosis_.p_min).x();
+        const double x = place(vAxis.value(v), diagnosis_.p_min).x();
         painter.setPen(grid);
         painter.drawLine(QPointF(x, in.top()), QPointF(x, in.bottom()));
         painter.setPen(text);
