@@ -115,6 +115,8 @@ class Flash {
     const FlashRange& caloric_range() const { return caloric_; }
 
   private:
+    class States;
+    class Answers;
     class Search;
 
     /// A state of the two-phase region.

@@ -52,6 +52,14 @@ class MeasuredDataEditor : public ChildView, public FollowsSession, public Undoa
     /// Marked lines, counted from 1; 0 and 0 without a mark.
     using Lines = std::pair<int, int>;
 
+    /// What a step of undo takes back.
+    struct Content {
+        std::vector<datafiles::MeasuredPoint> points;
+        std::string comment;
+
+        bool operator==(const Content&) const = default;
+    };
+
     QWidget* buildTable();
     QGroupBox* buildUnits();
     QGroupBox* buildInput();
@@ -65,8 +73,7 @@ class MeasuredDataEditor : public ChildView, public FollowsSession, public Undoa
     /// Data without a line belong to the active substance; all others keep theirs.
     void adoptSubstance();
     /// Makes a change of the data, as a step that can be taken back.
-    template <class Change>
-    void change(const char* name, const Change& what);
+    void change(const char* name, const std::function<void(Content&)>& what);
     /// Shows the present state of the history and hands it to the session.
     void showPresent();
     /// Takes data over as they are now in the session, with nothing to take back.
@@ -105,13 +112,6 @@ class MeasuredDataEditor : public ChildView, public FollowsSession, public Undoa
     void send(const std::function<void()>& door);
     int fitColumn() const;
 
-    /// What a step of undo takes back.
-    struct Content {
-        std::vector<datafiles::MeasuredPoint> points;
-        std::string comment;
-
-        bool operator==(const Content&) const = default;
-    };
     History<Content> history_;
     datafiles::MeasuredData given_;  ///< as the session and this view agreed on last
     bool commanding_ = false;        ///< this view changes the data of the session
